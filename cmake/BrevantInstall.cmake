@@ -1,0 +1,1 @@
+# Installation: the libraries with their CMake package and pkg-config file.

@@ -1,0 +1,41 @@
+# How every target of the project is compiled, and the rule "one folder, one library".
+
+add_library(brevant_options INTERFACE)
+target_compile_features(brevant_options INTERFACE cxx_std_20)
+target_compile_options(brevant_options INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Wcast-qual
+  -Woverloaded-virtual -Wconversion -Wsign-conversion -Wdouble-promotion -Wformat=2)
+if(BREVANT_SANITIZE)
+  target_compile_options(brevant_options INTERFACE
+    -fsanitize=${BREVANT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(brevant_options INTERFACE -fsanitize=${BREVANT_SANITIZE})
+endif()
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(BREVANT_CCACHE ccache)
+if(BREVANT_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${BREVANT_CCACHE}")
+endif()
+
+# brevant_library(FOLDER [DEPENDS FOLDER...]) makes brevant_FOLDER, also known as brevant::FOLDER,
+# of every source in the folder.
+function(brevant_library folder)
+  cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
+  string(REPLACE "/" "_" name "${folder}")
+  file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${folder}/*.cc")
+  file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${folder}/*.h")
+  add_library(brevant_${name} STATIC ${sources} ${headers})
+  add_library(brevant::${name} ALIAS brevant_${name})
+  set_target_properties(brevant_${name} PROPERTIES EXPORT_NAME ${name} LINKER_LANGUAGE CXX)
+  target_include_directories(brevant_${name} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/brevant>)
+  target_compile_features(brevant_${name} PUBLIC cxx_std_20)
+  target_link_libraries(brevant_${name} PRIVATE $<BUILD_INTERFACE:brevant_options>)
+  foreach(dependency IN LISTS arg_DEPENDS)
+    string(REPLACE "/" "_" dependency "${dependency}")
+    target_link_libraries(brevant_${name} PUBLIC brevant_${dependency})
+  endforeach()
+  set_property(GLOBAL APPEND PROPERTY BREVANT_LIBRARIES brevant_${name})
+endfunction()
