@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/calendar.h"
+#include "platform/image.h"
+#include "platform/platform.h"
+#include "store/widget_dao.h"
+
+namespace brevant {
+
+struct NotifySettings;
+
+// The facade through which the widgets, the Live Activity and the intents reach the shared store:
+// queries over activities and categories, the operations on activities, icons and reminders. Keeps
+// nothing but its data-access object, which every query asks anew. Opened per use; the database
+// connection lives as long as it does. One thread at a time.
+//
+// Nothing is reported: failed queries are empty, failed writes leave the database as it was.
+class WidgetManager {
+ public:
+  // `path` by `containerPath`; absent when there is no container.
+  WidgetManager(const Platform& platform, const std::optional<std::string>& path);
+  ~WidgetManager();
+  WidgetManager(const WidgetManager&) = delete;
+  WidgetManager& operator=(const WidgetManager&) = delete;
+
+  // The manager of the shared database.
+  static std::unique_ptr<WidgetManager> open(const Platform& platform);
+
+  // --- Queries ---
+
+  ActivityList findActivities();
+  ActivityList findRunningActivities();
+
+  // Flat, with the groups' children rebuilt. An entry whose parent is missing or no group is
+  // nobody's child.
+  TypeList findAllTypes();
+  TypeList findRoot();
+
+  // Depth-first, parents first; sets the children's nesting level. Circular parents end where they
+  // would repeat.
+  static TypeList flatten(const TypeList& types);
+
+  TypeList findCategoriesOnly();
+  TypeRef findById(std::string_view guid);
+  TypeRef findByName(std::string_view name);  // ignores case
+  [[nodiscard]] std::string generateGUID();
+
+  // --- Operations ---
+
+  void startActivity(const std::string& categoryGuid);
+  void stopActivity(WidgetActivity& activity);
+  void pauseActivity(const WidgetActivity& activity);   // works on a copy
+  void resumeActivity(const WidgetActivity& activity);  // works on a copy
+  [[nodiscard]] std::uint64_t minDuration() const;      // seconds
+  void sendUpdateToApp();
+  [[nodiscard]] bool isiOSAppOnMac() const;
+
+  // --- Icons; null where there is none ---
+
+  ImageRef imageForType(const WidgetType& type) const;
+  ImageRef imageForGuid(const std::optional<std::string>& guid, std::uint64_t color) const;
+  [[nodiscard]] std::optional<std::string> pathForCustomImageGuid(std::string_view name) const;
+  [[nodiscard]] std::optional<std::string> customImagesPath() const;
+
+  // --- Reminders ---
+
+  [[nodiscard]] NotifySettings notifySettings() const;
+  std::vector<Date> notifyHours();  // at most 20, earliest first
+  void scheduleRemindMeNotifications();
+  void cancelRemindMeNotifications();
+  [[nodiscard]] DateComponents weekdayTimeComponentsForDate(Date date) const;
+  [[nodiscard]] Date addDayTo(Date date) const;
+  [[nodiscard]] bool iOS10() const;
+
+  std::unique_ptr<WidgetDAO> dao;
+
+ private:
+  enum class Closing { kKept, kTooShort };
+  Closing closeRunningStretch(WidgetActivity& activity, std::uint64_t now);
+  void finish(WidgetActivity& activity, std::int32_t state);
+
+  Platform platform_;
+};
+
+}  // namespace brevant

@@ -1,0 +1,31 @@
+// Points in time with the precision of a double, as the database and the JSON keep them.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+
+namespace brevant {
+
+using Seconds = std::chrono::duration<double>;
+using Date = std::chrono::sys_time<Seconds>;
+
+constexpr Date dateFromSeconds(double secondsSince1970) {
+  return Date(Seconds(secondsSince1970));
+}
+
+constexpr double secondsSince1970(Date date) {
+  return date.time_since_epoch().count();
+}
+
+// 2001-01-01 00:00 UTC, from which content states count, in seconds since 1970.
+inline constexpr double kReferenceDate = 978307200.0;
+
+// Truncates toward zero and saturates: NaN and anything below zero give 0, anything beyond 64 bits
+// the largest value.
+constexpr std::uint64_t wholeSeconds(double seconds) {
+  constexpr double kBeyond = 18446744073709551616.0;  // 2^64
+  if (!(seconds > 0)) return 0;
+  return seconds >= kBeyond ? UINT64_MAX : static_cast<std::uint64_t>(seconds);
+}
+
+}  // namespace brevant

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/calendar.h"
+
+namespace brevant {
+
+struct NotificationContent {
+  std::string title;
+  std::string body;
+  std::map<std::string, std::string> userInfo;
+  std::string sound;  // "default", or empty for none
+
+  bool operator==(const NotificationContent&) const = default;
+};
+
+// Fires when the local time matches year to second of `components`.
+struct CalendarTrigger {
+  DateComponents components;
+  bool repeats = false;
+
+  bool operator==(const CalendarTrigger&) const = default;
+};
+
+struct NotificationRequest {
+  std::string identifier;
+  NotificationContent content;
+  CalendarTrigger trigger;
+
+  bool operator==(const NotificationRequest&) const = default;
+};
+
+// The user's pending notification requests, shared between processes. Handlers and completions run
+// on a thread of the platform's choosing, which may be the caller's, and may call back in.
+class UserNotificationCenter {
+ public:
+  using Handler = std::function<void(const std::vector<NotificationRequest>&)>;
+  using Completion = std::function<void(const std::string& error)>;
+
+  virtual ~UserNotificationCenter() = default;
+
+  // In the order they were added; empty when the store cannot be read.
+  virtual void pendingRequests(Handler handler) = 0;
+
+  virtual void removePendingRequests(const std::vector<std::string>& identifiers) = 0;
+
+  // A pending request with the same identifier is replaced.
+  virtual void add(const NotificationRequest& request, Completion completion) = 0;
+};
+
+}  // namespace brevant

@@ -1,0 +1,193 @@
+// Fakes of every platform service, in memory and under the test's control. They keep the same
+// promises as the real services and pass the same contract tests.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/bundle.h"
+#include "platform/calendar.h"
+#include "platform/clock.h"
+#include "platform/cloud_database.h"
+#include "platform/coder.h"
+#include "platform/file_manager.h"
+#include "platform/image_codec.h"
+#include "platform/live_activities.h"
+#include "platform/log.h"
+#include "platform/notifications.h"
+#include "platform/platform.h"
+#include "platform/process_info.h"
+#include "platform/random_source.h"
+#include "platform/shared_settings.h"
+#include "platform/task_queue.h"
+#include "platform/text.h"
+
+namespace brevant::test {
+
+struct FakeClock : Clock {
+  Date now() const override { return time; }
+  double monotonicSeconds() const override { return monotonic; }
+
+  Date time = dateFromSeconds(1'700'000'000);  // 2023-11-14 22:13:20 UTC
+  double monotonic = 0;
+};
+
+// A zone of one fixed offset, without daylight saving.
+struct FakeCalendar : Calendar {
+  explicit FakeCalendar(int offset = 0) : offsetSeconds(offset) {}
+  DateComponents components(Date date) const override;
+  Date date(const DateComponents& components) const override;
+  Date addingDays(Date date, int days) const override;
+
+  int offsetSeconds;
+};
+
+struct FakeFileManager : FileManager {
+  std::optional<FileUrl> containerUrl(const std::string& group) const override;
+  std::optional<std::string> cachesDirectory() const override { return caches; }
+  bool fileExists(const std::string& path) const override;
+  std::optional<std::string> resolvedPath(const std::string& path) const override;
+  std::optional<std::string> contents(const std::string& path, std::size_t limit) const override;
+  std::string removeFile(const std::string& path) override;
+  void setModificationDate(const std::string& path, Date date) override;
+
+  std::optional<std::string> container = "/container";
+  std::optional<std::string> caches = "/caches";
+  std::map<std::string, std::string> files;  // path without repeated slashes -> contents
+  std::map<std::string, std::string> links;  // path -> target
+  std::map<std::string, Date> modified;
+};
+
+struct FakeSettings : SharedSettings {
+  std::shared_ptr<const PropertyValue> object(const std::string& key) const override;
+  bool boolean(const std::string& key) const override;
+  std::int64_t integer(const std::string& key) const override;
+  void setBool(bool value, const std::string& key) override;
+  bool synchronize() override;
+
+  PropertyDictionary values;
+  int synchronizations = 0;
+};
+
+struct FakeBundle : Bundle {
+  ImageRef imageNamed(const std::string& name) const override;
+  std::string localizedString(const std::string& key) const override;
+  std::string localizedPlural(const std::string& key, long number) const override;
+
+  std::map<std::string, ImageRef> images;
+  std::map<std::string, std::string> texts;
+};
+
+// Answers what the test put under the bytes or the path.
+struct FakeImageCodec : ImageCodec {
+  ImageRef decodePng(std::span<const std::uint8_t> bytes, double scale) const override;
+  ImageRef imageWithContentsOfFile(const std::string& path) const override;
+  std::optional<std::vector<std::uint8_t>> encodePng(const Image& image) const override;
+  ImageRef unarchiveImage(std::span<const std::uint8_t> archive) const override;
+
+  std::map<std::string, ImageRef> byContents;
+  std::map<std::string, ImageRef> byPath;
+};
+
+struct FakeCaseMapping : CaseMapping {
+  std::string lowercased(std::string_view utf8) const override;  // ASCII only
+};
+
+// Codes as lines of "key=value" rather than JSON; the real coder has tests of its own.
+struct FakeCoder : Coder {
+  std::optional<std::string> encode(const std::function<void(KeyedEncoder&)>& write) const override;
+  std::optional<DecodingError> decode(
+      std::string_view coded, const std::function<void(const KeyedDecoder&)>& read) const override;
+};
+
+struct FakeProcessInfo : ProcessInfo {
+  SystemVersion systemVersion() const override { return version; }
+  std::string systemVersionString() const override {
+    return std::to_string(version.major) + "." + std::to_string(version.minor);
+  }
+  bool isiOSAppOnMac() const override { return onMac; }
+
+  SystemVersion version{17, 0};
+  bool onMac = false;
+};
+
+// Counts up, so that every identity differs and runs repeat.
+struct FakeRandom : RandomSource {
+  void fill(std::span<std::uint8_t> bytes) override;
+
+  std::uint64_t next = 1;
+};
+
+struct FakeCloud : CloudDatabase {
+  void save(const std::string& container, const CloudRecord& record,
+            Completion completion) override;
+
+  std::vector<std::pair<std::string, CloudRecord>> saved;
+  std::string error;
+};
+
+struct FakeNotificationCenter : UserNotificationCenter {
+  void pendingRequests(Handler handler) override;
+  void removePendingRequests(const std::vector<std::string>& identifiers) override;
+  void add(const NotificationRequest& request, Completion completion) override;
+
+  std::vector<NotificationRequest> pending;
+};
+
+struct FakeLiveActivities : LiveActivityCenter {
+  std::vector<LiveActivity> activities() const override;
+  std::vector<LiveActivity> allActivities() const override { return all; }
+  std::variant<StartedLiveActivity, LiveActivityError> start(
+      const std::string& contentState) override;
+  bool update(const std::string& id, const std::string& contentState) override;
+  bool end(const std::string& id, DismissalPolicy policy) override;
+
+  std::vector<LiveActivity> all;
+  int started = 0;
+
+ private:
+  LiveActivity* active(const std::string& id);
+};
+
+// Keeps tasks until the test runs them, in the order of its choosing.
+struct FakeTasks : TaskQueue {
+  void start(std::function<void()> task) override { tasks.push_back(std::move(task)); }
+  void waitUntilIdle() override;
+  void runReversed();
+
+  std::vector<std::function<void()>> tasks;
+};
+
+struct FakeLog : Log {
+  void write(std::string_view line) override { lines.emplace_back(line); }
+
+  std::vector<std::string> lines;
+};
+
+struct FakePlatform {
+  FakeClock clock;
+  FakeCalendar calendar;
+  FakeFileManager files;
+  FakeSettings settings;
+  FakeBundle bundle;
+  FakeImageCodec images;
+  FakeCaseMapping caseMapping;
+  FakeCoder coder;
+  FakeProcessInfo process;
+  FakeRandom random;
+  FakeCloud cloud;
+  FakeNotificationCenter notifications;
+  FakeLiveActivities liveActivities;
+  FakeTasks tasks;
+  FakeLog log;
+
+  Platform platform() {
+    return {clock,   calendar, files, settings,      bundle,         images, caseMapping, coder,
+            process, random,   cloud, notifications, liveActivities, tasks,  log};
+  }
+};
+
+}  // namespace brevant::test
