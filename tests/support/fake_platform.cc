@@ -26,8 +26,8 @@ typename Map::mapped_type find(const Map& map, const std::string& key) {
 
 class LineEncoder : public KeyedEncoder {
  public:
-  void encode(std::string_view key, std::string_view text) override {
-    line(key, 't') << text << '\n';
+  void encode(std::string_view key, std::string_view value) override {
+    line(key, 't') << value << '\n';
   }
   void encode(std::string_view key, std::uint64_t number) override {
     line(key, 'u') << number << '\n';
