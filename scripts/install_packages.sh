@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Installs what is missing on a Debian 12 machine. Arguments name the groups: run, test.
+set -euo pipefail
+
+build=(g++ cmake ninja-build pkg-config ccache git
+    libsqlite3-dev libhowardhinnant-date-dev libicu-dev libplist-dev libpng-dev
+    nlohmann-json3-dev libcli11-dev libsdbus-c++-dev gettext tzdata
+    qt6-base-dev qt6-svg-dev qt6-qpa-plugins libgl-dev fonts-inter fonts-noto-core fonts-noto-cjk)
+run=(sqlite3)
+test=(libgtest-dev libgmock-dev libbenchmark-dev libsqlitecpp-dev
+    clang clang-format clang-tidy libclang-rt-14-dev sqlite3
+    dbus dbus-x11 python3-dbusmock xvfb openbox tint2 dunst xdotool x11-utils wmctrl imagemagick
+    desktop-file-utils appstream man-db bash-completion)
+
+wanted=("${build[@]}")
+for group in "$@"; do
+    declare -n packages="$group"
+    wanted+=("${packages[@]}")
+done
+
+missing=()
+for package in "${wanted[@]}"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
+        missing+=("$package")
+done
+[ "${#missing[@]}" -gt 0 ] || exit 0
+
+sudo=()
+[ "$(id -u)" -eq 0 ] || sudo=(sudo)
+echo "Installing: ${missing[*]}"
+"${sudo[@]}" apt-get -qq update
+DEBIAN_FRONTEND=noninteractive "${sudo[@]}" apt-get -qq install -y --no-install-recommends "${missing[@]}"
