@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QLocale>
+#include <QString>
+#include <functional>
+
+namespace brevant {
+
+enum class ColorScheme { kLight, kDark };
+
+// What a button asks for; the three words that `brevant intent` takes.
+struct IntentCall {
+  QString name, activityId, operation;
+};
+
+// What a drawing takes from outside. Views keep a copy, so whatever the functions capture must
+// outlive the widgets. All of it is called on the thread of the widgets.
+struct DrawingContext {
+  ColorScheme colorScheme = ColorScheme::kLight;
+  QLocale locale;               // language of the timers; its direction mirrors the layout
+  std::function<double()> now;  // seconds since 1970; stands still for pictures
+  std::function<void(const IntentCall&)> runIntent;  // may be empty: buttons do nothing
+  std::function<void(const QString&)> openLink;      // may be empty: links do nothing
+};
+
+}  // namespace brevant

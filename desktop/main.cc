@@ -1,0 +1,15 @@
+#include <cstdio>
+
+#include "desktop/options.h"
+
+int main(int argc, char** argv) {
+  QStringList arguments;
+  for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+  const auto parsed = brevant::parseOptions(arguments);
+  if (const auto* refusal = std::get_if<brevant::Refusal>(&parsed)) {
+    std::fprintf(refusal->exitCode == 0 ? stdout : stderr, "%s\n", qPrintable(refusal->message));
+    return refusal->exitCode;
+  }
+  std::fprintf(stderr, "brevant-desktop: nothing to show yet\n");
+  return 1;
+}
