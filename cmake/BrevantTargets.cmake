@@ -10,8 +10,14 @@ if(BREVANT_SANITIZE)
     -fsanitize=${BREVANT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(brevant_options INTERFACE -fsanitize=${BREVANT_SANITIZE})
 endif()
+if(BREVANT_FUZZ)
+  target_compile_options(brevant_options INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined)
+  target_link_options(brevant_options INTERFACE -fsanitize=address,undefined)
+endif()
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")  # beside share/, as installed
 
 find_program(BREVANT_CCACHE ccache)
 if(BREVANT_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
