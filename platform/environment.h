@@ -7,4 +7,9 @@ enum class ColorScheme { kLight, kDark };
 
 enum class WidgetFamily { kSystemSmall, kSystemMedium };
 
+struct Environment {
+  ColorScheme colorScheme = ColorScheme::kLight;
+  WidgetFamily widgetFamily = WidgetFamily::kSystemSmall;
+};
+
 }  // namespace brevant
