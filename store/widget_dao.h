@@ -54,8 +54,11 @@ class WidgetDAO {
   std::unique_ptr<FMDatabase> db;
 
  private:
-  bool insertInterval(const WidgetActivity& activity, WidgetInterval& interval);
-  bool updateInterval(const WidgetInterval& interval);
+  class Write;
+  IntervalList findIntervals(const std::optional<std::string>& activityGuid);
+  void insertInterval(Write& write, const WidgetActivity& activity, WidgetInterval& interval);
+  void finish(Write& write);
+  [[nodiscard]] std::optional<Date> minuteOf(const std::optional<Date>& date) const;
 
   Platform platform_;
 };

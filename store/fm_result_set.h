@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/date.h"
+#include "platform/log.h"
+
+struct sqlite3_stmt;
+
+namespace brevant {
+
+class FMDatabase;
+class FMStatement;
+
+// A forward-only cursor over the rows of a query. It starts before the first row and closes itself
+// after the last, on any error, with its connection and when it is destroyed; it may outlive its
+// connection and then has no more rows. Same thread as the connection.
+//
+// Columns are found by name, whatever its case, and their values read as SQLite converts them. NULL
+// and a column that the query does not have read as absent, 0 or false; the latter is logged.
+class FMResultSet {
+ public:
+  FMResultSet(FMDatabase& parentDB, std::shared_ptr<FMStatement> statement, Log& log);
+  ~FMResultSet();
+  FMResultSet(const FMResultSet&) = delete;
+  FMResultSet& operator=(const FMResultSet&) = delete;
+
+  // Steps to the next row, if there is one. Not to be called again after it was false.
+  [[nodiscard]] bool next();
+
+  // The text up to its first NUL.
+  [[nodiscard]] std::optional<std::string> stringForColumn(std::string_view name);
+
+  [[nodiscard]] std::int32_t intForColumn(std::string_view name);
+  [[nodiscard]] bool boolForColumn(std::string_view name);
+
+  // The number of seconds since 1970-01-01 00:00 UTC.
+  [[nodiscard]] std::optional<Date> dateForColumn(std::string_view name);
+
+  // Of columns with the same name the last.
+  [[nodiscard]] std::optional<int> columnIndexForName(std::string_view name);
+
+  void close();
+
+ private:
+  sqlite3_stmt* handle() const;
+  void readColumnNames();
+  void reportStep(int result);
+
+  FMDatabase* parentDB_;  // null once closed
+  std::shared_ptr<FMStatement> statement_;
+  Log& log_;
+  std::vector<std::string> columnNames_;  // by index, in lower case; read at the first look-up
+};
+
+}  // namespace brevant

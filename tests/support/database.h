@@ -1,0 +1,51 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "tests/support/fake_platform.h"
+
+struct sqlite3;
+
+namespace brevant::test {
+
+// A database file as the main application makes it, empty, in a temporary folder of its own that
+// goes with the object. `run` and `ask` use a connection of their own each time, as another process
+// would.
+class TestDatabase {
+ public:
+  // With a platform, its files know the database.
+  TestDatabase();
+  explicit TestDatabase(FakePlatform& fakes);
+  ~TestDatabase();
+  TestDatabase(const TestDatabase&) = delete;
+  TestDatabase& operator=(const TestDatabase&) = delete;
+
+  // Any number of statements; a failure fails the test.
+  void run(const std::string& sql) const { ask(sql); }
+
+  // The rows of the answer, each ended by a line break, columns separated by "|", NULL spelled out.
+  std::string ask(const std::string& sql) const;
+
+  // The whole file. Reading it ends the file locks of this process: only while nobody holds one.
+  [[nodiscard]] std::string bytes() const;
+
+  const std::filesystem::path folder;
+  const std::string path;
+};
+
+// A connection that has the file locked against everybody else until `release` or its end.
+class FileLock {
+ public:
+  explicit FileLock(const TestDatabase& database);
+  ~FileLock() { release(); }
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
+
+  void release();
+
+ private:
+  sqlite3* connection_ = nullptr;
+};
+
+}  // namespace brevant::test
