@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace brevant {
 
@@ -11,6 +13,12 @@ struct IntentValue {
   std::string operation;
 
   bool operator==(const IntentValue&) const = default;
+};
+
+// A text parameter of an intent; absent until somebody sets it.
+struct IntentParameter {
+  std::string_view title;
+  std::optional<std::string> value{};
 };
 
 }  // namespace brevant

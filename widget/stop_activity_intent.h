@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "platform/intent.h"
+#include "platform/platform.h"
+
+namespace brevant {
+
+// The intent behind the home-screen widget's controls: pauses or stops one activity in the shared
+// database, without opening the application. It reloads no timeline and touches no Live Activity.
+class StopActivityIntent {
+ public:
+  static constexpr const char* kName = "StopActivityIntent";
+  static constexpr const char* kTitle = "Stop activity";  // a key of the string table
+
+  StopActivityIntent() = default;
+  StopActivityIntent(std::string guid, std::string operationWord);
+
+  IntentParameter activityId{"activityId"};
+  IntentParameter operation{"operation"};
+
+  // As a button holds it.
+  [[nodiscard]] IntentValue value() const;
+
+  // Has no result and never fails; parameters that are not set change nothing.
+  void perform(const Platform& platform) const;
+};
+
+}  // namespace brevant
