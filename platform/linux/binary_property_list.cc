@@ -1,0 +1,107 @@
+#include "platform/linux/binary_property_list.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace brevant {
+namespace {
+
+constexpr std::size_t kHeaderSize = 8;
+constexpr std::size_t kTrailerSize = 32;
+constexpr std::size_t kMaxDepth = 64;
+constexpr std::uint64_t kMaxExpandedSize = std::uint64_t{16} << 20U;
+constexpr std::uint64_t kObjectOverhead = 64;
+
+class Walk {
+ public:
+  explicit Walk(std::string_view bytes) : bytes_(bytes) {}
+
+  bool endsInTime() {
+    if (bytes_.size() < kHeaderSize + kTrailerSize) return false;
+    const std::size_t trailer = bytes_.size() - kTrailerSize;
+    offsetSize_ = *number(trailer + 6, 1);
+    referenceSize_ = *number(trailer + 7, 1);
+    objects_ = *number(trailer + 8, 8);
+    offsets_ = *number(trailer + 24, 8);
+    if (offsetSize_ > 8 || referenceSize_ > 8) return false;
+
+    std::vector<Pending> pending{{*number(trailer + 16, 8), 0}};
+    while (!pending.empty()) {
+      const Pending next = pending.back();
+      pending.pop_back();
+      if (next.depth > kMaxDepth || !visit(next, pending)) return false;
+    }
+    return true;
+  }
+
+ private:
+  struct Pending {
+    std::uint64_t object;
+    std::size_t depth;
+  };
+  struct Extent {
+    std::uint64_t count;
+    std::uint64_t at;  // of the contents
+  };
+
+  // A big-endian number; absent when it does not lie within the file.
+  std::optional<std::uint64_t> number(std::uint64_t at, std::uint64_t size) const {
+    if (at > bytes_.size() || size > bytes_.size() - at) return std::nullopt;
+    std::uint64_t value = 0;
+    for (std::uint64_t i = at; i < at + size; ++i) {
+      value = value << 8U | static_cast<unsigned char>(bytes_[i]);
+    }
+    return value;
+  }
+
+  // How many elements an object has: in its marker, or in the integer that follows.
+  std::optional<Extent> extent(std::uint64_t at, std::uint64_t marker) const {
+    if ((marker & 15U) != 15) return Extent{marker & 15U, at + 1};
+    const auto sizeMarker = number(at + 1, 1);
+    if (!sizeMarker || *sizeMarker >> 4U != 1 || (*sizeMarker & 15U) > 3) return std::nullopt;
+    const std::uint64_t size = std::uint64_t{1} << (*sizeMarker & 15U);
+    const auto count = number(at + 2, size);
+    if (!count || *count > bytes_.size()) return std::nullopt;
+    return Extent{*count, at + 2 + size};
+  }
+
+  bool visit(const Pending& next, std::vector<Pending>& pending) {
+    if (next.object >= objects_ || objects_ > bytes_.size()) return false;
+    const auto at = number(offsets_ + next.object * offsetSize_, offsetSize_);
+    const auto marker = at ? number(*at, 1) : std::nullopt;
+    if (!marker) return false;
+    const std::uint64_t kind = *marker >> 4U;
+    std::uint64_t payload = 0;
+    if (kind >= 4) {  // below: booleans, numbers and dates of a few bytes
+      const auto found = extent(*at, *marker);
+      if (!found) return false;
+      payload = found->count * 2;
+      const bool isList = kind >= 0xA && kind <= 0xC;
+      const std::uint64_t references = isList ? found->count : kind == 0xD ? payload : 0;
+      for (std::uint64_t i = 0; i < references; ++i) {
+        const auto object = number(found->at + i * referenceSize_, referenceSize_);
+        if (!object) return false;
+        pending.push_back({*object, next.depth + 1});
+      }
+    }
+    expandedSize_ += kObjectOverhead + payload;
+    return expandedSize_ <= kMaxExpandedSize;
+  }
+
+  const std::string_view bytes_;
+  std::uint64_t offsetSize_ = 0;
+  std::uint64_t referenceSize_ = 0;
+  std::uint64_t objects_ = 0;
+  std::uint64_t offsets_ = 0;
+  std::uint64_t expandedSize_ = 0;
+};
+
+}  // namespace
+
+bool isHarmlessBinaryPropertyList(std::string_view bytes) {
+  return Walk(bytes).endsInTime();
+}
+
+}  // namespace brevant

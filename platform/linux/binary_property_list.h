@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string_view>
+
+namespace brevant {
+
+// Whether a binary property list is small and shallow once its shared objects are written out. Its
+// objects refer to each other by number, so a file of a hundred bytes can stand for a tree that
+// fills the memory or never ends; this is asked before anything builds that tree.
+bool isHarmlessBinaryPropertyList(std::string_view bytes);
+
+}  // namespace brevant

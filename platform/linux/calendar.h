@@ -1,0 +1,13 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/calendar.h"
+
+namespace brevant {
+
+// The Gregorian calendar in the zone that $TZ or the system gives at this moment; a later change of
+// either is seen by a calendar made after it (and then by all of them: a process has one zone).
+std::unique_ptr<Calendar> makeCalendar();
+
+}  // namespace brevant

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/cloud_database.h"
+#include "platform/task_queue.h"
+
+namespace brevant {
+
+// Where the records of all cloud containers lie: $BREVANT_CLOUD_DIR, else in the app group's
+// container.
+std::string cloudDirectory(const std::string& container);
+
+// Saves each record as a file of its own below `directory`: docs/cloud.md.
+std::unique_ptr<CloudDatabase> makeCloudDatabase(const std::string& directory, TaskQueue& tasks);
+
+// The records of one cloud container, by type and name. Files that are no records are passed over.
+std::vector<CloudRecord> savedCloudRecords(const std::string& directory,
+                                           const std::string& cloudContainer);
+
+}  // namespace brevant

@@ -1,0 +1,124 @@
+#include "platform/linux/durable_file.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace brevant {
+namespace {
+
+constexpr mode_t kOwnerOnly = 0600;
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  ~Descriptor() { close(); }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  operator int() const { return number_; }  // NOLINT(google-explicit-constructor)
+  explicit operator bool() const { return number_ >= 0; }
+  bool close() {
+    const int number = std::exchange(number_, -1);
+    return number < 0 || ::close(number) == 0;
+  }
+
+ private:
+  int number_;
+};
+
+std::string problem(const std::string& path) {
+  return path + ": " + std::strerror(errno);
+}
+
+bool writeAll(int file, std::string_view contents) {
+  while (!contents.empty()) {
+    const ssize_t written = write(file, contents.data(), contents.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return false;
+    contents.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+bool writeNewFile(const std::string& path, std::string_view contents, mode_t mode) {
+  Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, mode));
+  return file && fchmod(file, mode) == 0 && writeAll(file, contents) && fsync(file) == 0 &&
+         file.close();
+}
+
+bool flushDirectory(const std::string& path) {
+  const Descriptor directory(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  return directory && fsync(directory) == 0;
+}
+
+std::string directoryOf(const std::string& path) {
+  const std::string directory = std::filesystem::path(path).parent_path();
+  return directory.empty() ? "." : directory;
+}
+
+}  // namespace
+
+FileLock::FileLock(const std::string& path)
+    : descriptor_(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, kOwnerOnly)) {
+  int result = -1;
+  while (descriptor_ >= 0 && (result = flock(descriptor_, LOCK_EX)) != 0 && errno == EINTR) {
+  }
+  if (descriptor_ >= 0 && result != 0) close(std::exchange(descriptor_, -1));
+}
+
+FileLock::~FileLock() {
+  if (descriptor_ >= 0) close(descriptor_);
+}
+
+std::optional<std::string> readFile(const std::string& path, std::size_t limit) {
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  struct stat status {};
+  if (!file || fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  if (static_cast<std::size_t>(status.st_size) > limit) return std::nullopt;
+  std::string contents(static_cast<std::size_t>(status.st_size), '\0');
+  std::size_t size = 0;
+  while (size < contents.size()) {
+    const ssize_t count = read(file, contents.data() + size, contents.size() - size);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return std::nullopt;
+    if (count == 0) break;  // became shorter meanwhile
+    size += static_cast<std::size_t>(count);
+  }
+  contents.resize(size);
+  return contents;
+}
+
+bool fileExists(const std::string& path) {
+  struct stat status {};
+  return lstat(path.c_str(), &status) == 0 || errno != ENOENT;
+}
+
+std::string replaceFile(const std::string& path, std::string_view contents) {
+  struct stat old {};
+  const bool exists = stat(path.c_str(), &old) == 0;
+  const std::string temporary = path + ".new";
+  if (!writeNewFile(temporary, contents, exists ? old.st_mode & 07777U : kOwnerOnly)) {
+    return problem(temporary);
+  }
+  if (rename(temporary.c_str(), path.c_str()) != 0) return problem(path);
+  if (!flushDirectory(directoryOf(path))) return problem(directoryOf(path));
+  return "";
+}
+
+std::string makeDirectories(const std::string& path) {
+  std::error_code error;
+  if (std::filesystem::is_directory(path, error)) return "";
+  const std::string parent = std::filesystem::path(path).parent_path();
+  if (!parent.empty() && parent != path) {
+    if (std::string why = makeDirectories(parent); !why.empty()) return why;
+  }
+  return mkdir(path.c_str(), 0700) == 0 || errno == EEXIST ? "" : problem(path);
+}
+
+}  // namespace brevant

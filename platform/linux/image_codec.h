@@ -1,0 +1,11 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/image_codec.h"
+
+namespace brevant {
+
+std::unique_ptr<ImageCodec> makeImageCodec();
+
+}  // namespace brevant

@@ -1,0 +1,103 @@
+#include "platform/linux/keyed_archive.h"
+
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <plist/plist.h>
+#include <string_view>
+
+#include "platform/linux/binary_property_list.h"
+#include "platform/linux/property_list.h"
+
+namespace brevant {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+struct FreeNode {
+  void operator()(void* node) const { plist_free(node); }
+};
+
+// An archive is a flat list of objects that refer to each other by their index.
+class Archive {
+ public:
+  explicit Archive(std::string_view bytes) {
+    if (bytes.size() > kMaxPropertyListSize) return;
+    if (bytes.starts_with("bplist") && !isHarmlessBinaryPropertyList(bytes)) return;
+    plist_t root = nullptr;
+    plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
+    archive_.reset(root);
+    objects_ = field(root, "$objects", PLIST_ARRAY);
+  }
+
+  // The object that was archived; null when the archive is none.
+  plist_t root() const {
+    const plist_t top = field(archive_.get(), "$top", PLIST_DICT);
+    return field(archive_.get(), "$archiver", PLIST_STRING) && top
+               ? resolved(plist_dict_get_item(top, "root"))
+               : nullptr;
+  }
+
+  // Data as it stands, or in the object that wraps mutable data.
+  std::optional<Bytes> data(plist_t node) const {
+    if (is(node, PLIST_DICT)) node = resolved(plist_dict_get_item(node, "NS.data"));
+    if (!is(node, PLIST_DATA)) return std::nullopt;
+    std::uint64_t size = 0;
+    const char* const start = plist_get_data_ptr(node, &size);
+    return start ? Bytes(start, start + size) : Bytes();
+  }
+
+  std::vector<Bytes> dataOfFields(plist_t object) const {
+    std::vector<Bytes> result;
+    plist_dict_iter iterator = nullptr;
+    plist_dict_new_iter(object, &iterator);
+    const std::unique_ptr<void, decltype(&std::free)> owner(iterator, &std::free);
+    while (true) {
+      plist_t value = nullptr;
+      plist_dict_next_item(object, iterator, nullptr, &value);
+      if (!value) return result;
+      if (std::optional<Bytes> bytes = data(resolved(value))) result.push_back(std::move(*bytes));
+    }
+  }
+
+ private:
+  static bool is(plist_t node, plist_type type) {
+    return node && plist_get_node_type(node) == type;
+  }
+
+  static plist_t field(plist_t object, const char* key, plist_type type) {
+    if (!is(object, PLIST_DICT)) return nullptr;
+    const plist_t value = plist_dict_get_item(object, key);
+    return is(value, type) ? value : nullptr;
+  }
+
+  // What a reference refers to; any other node itself. XML spells a reference as a dictionary.
+  plist_t resolved(plist_t node) const {
+    std::uint64_t index = 0;
+    if (is(node, PLIST_UID)) {
+      plist_get_uid_val(node, &index);
+    } else if (const plist_t uid = field(node, "CF$UID", PLIST_UINT)) {
+      plist_get_uint_val(uid, &index);
+    } else {
+      return node;
+    }
+    if (!objects_ || index >= plist_array_get_size(objects_)) return nullptr;
+    return plist_array_get_item(objects_, static_cast<std::uint32_t>(index));
+  }
+
+  std::unique_ptr<void, FreeNode> archive_;
+  plist_t objects_ = nullptr;
+};
+
+}  // namespace
+
+std::vector<Bytes> archivedData(std::span<const std::uint8_t> archive) {
+  const Archive parsed(
+      std::string_view(reinterpret_cast<const char*>(archive.data()), archive.size()));
+  const plist_t root = parsed.root();
+  if (!root) return {};
+  if (std::optional<Bytes> data = parsed.data(root)) return {std::move(*data)};
+  return plist_get_node_type(root) == PLIST_DICT ? parsed.dataOfFields(root) : std::vector<Bytes>();
+}
+
+}  // namespace brevant

@@ -1,0 +1,27 @@
+#include "platform/linux/shared_document.h"
+
+#include <utility>
+
+#include "platform/linux/durable_file.h"
+
+namespace brevant {
+
+SharedDocument::SharedDocument(std::string folder, const std::string& name, std::size_t limit)
+    : folder_(std::move(folder)), path_(folder_ + "/" + name), limit_(limit) {}
+
+std::optional<std::string> SharedDocument::read() const {
+  return readFile(path_, limit_);
+}
+
+std::string SharedDocument::change(const Editor& editor) const {
+  if (std::string problem = makeDirectories(folder_); !problem.empty()) return problem;
+  const FileLock lock(path_ + ".lock");
+  if (!lock.held()) return path_ + ".lock: cannot be locked";
+  const std::optional<std::string> current = read();
+  if (!current && fileExists(path_)) return path_ + ": cannot be read";
+  Edit edit = editor(current);
+  if (!edit.problem.empty()) return path_ + ": " + edit.problem;
+  return edit.contents ? replaceFile(path_, *edit.contents) : "";
+}
+
+}  // namespace brevant

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace brevant {
+
+// A small file in a folder of its own that several processes read and change. A reader needs no
+// lock: it sees the file as it was before a change or as it is after it. A change holds a lock
+// beside the file ("NAME.lock") from reading to replacing, so none is lost. Any thread may call.
+class SharedDocument {
+ public:
+  // What a change makes of the contents: nothing new, or a problem and nothing new.
+  struct Edit {
+    std::optional<std::string> contents;
+    std::string problem;
+  };
+  using Editor = std::function<Edit(const std::optional<std::string>& contents)>;
+
+  SharedDocument(std::string folder, const std::string& name, std::size_t limit);
+
+  const std::string& path() const { return path_; }
+
+  // Absent when there is no file, or none that can be read.
+  std::optional<std::string> read() const;
+
+  // Makes the folder when it is missing. Empty on success, else what went wrong; the file is then
+  // as it was. A file that is there but cannot be read is such a problem, and the editor not
+  // called.
+  [[nodiscard]] std::string change(const Editor& editor) const;
+
+ private:
+  std::string folder_;
+  std::string path_;
+  std::size_t limit_;
+};
+
+}  // namespace brevant

@@ -1,0 +1,117 @@
+#include "platform/linux/shared_settings.h"
+
+#include <limits>
+#include <map>
+#include <mutex>
+#include <utility>
+
+#include "platform/linux/property_list.h"
+#include "platform/linux/shared_document.h"
+
+namespace brevant {
+namespace {
+
+constexpr const char* kFolder = "/Library/Preferences";
+constexpr const char* kName = "group.brevant.plist";
+
+// For how long what was read counts as current, so that the file is not opened for each row of a
+// query. With the coarse clock's step this stays below the 10 ms that other processes are promised.
+constexpr double kCurrentFor = 0.0035;
+constexpr double kNever = -std::numeric_limits<double>::infinity();
+
+class SettingsFile : public SharedSettings {
+ public:
+  SettingsFile(const std::string& container, const Clock& clock, Log& log)
+      : file_(container + kFolder, kName, kMaxPropertyListSize), clock_(clock), log_(log) {}
+
+  std::shared_ptr<const PropertyValue> object(const std::string& key) const override {
+    const std::lock_guard lock(mutex_);
+    const PropertyValue* const value = find(key);
+    return value ? std::shared_ptr<const PropertyValue>(values_, value) : nullptr;
+  }
+
+  bool boolean(const std::string& key) const override {
+    const std::lock_guard lock(mutex_);
+    const PropertyValue* const value = find(key);
+    return value && value->toBool();
+  }
+
+  std::int64_t integer(const std::string& key) const override {
+    const std::lock_guard lock(mutex_);
+    const PropertyValue* const value = find(key);
+    return value ? value->toInteger() : 0;
+  }
+
+  void setBool(bool value, const std::string& key) override {
+    const std::lock_guard lock(mutex_);
+    unsaved_[key] = value;
+    readAt_ = kNever;
+  }
+
+  bool synchronize() override {
+    const std::lock_guard lock(mutex_);
+    readAt_ = kNever;
+    if (unsaved_.empty()) return true;
+    const std::string problem = write();
+    if (problem.empty())
+      unsaved_.clear();
+    else
+      log_.write("The settings were not saved: " + problem);
+    return problem.empty();
+  }
+
+ private:
+  const PropertyValue* find(const std::string& key) const {
+    if (const double now = clock_.monotonicSeconds(); now - readAt_ >= kCurrentFor) {
+      read();
+      readAt_ = now;
+    }
+    const auto found = values_->find(key);
+    return found == values_->end() ? nullptr : &found->second;
+  }
+
+  // Compares the whole file rather than its times, which two quick writes can share; it is small.
+  void read() const {
+    std::string stored = file_.read().value_or("");
+    if (stored == stored_ && unsaved_ == overlaid_) return;
+    PropertyDictionary values = parsePropertyList(stored).value_or(PropertyDictionary());
+    for (const auto& [key, value] : unsaved_) values[key] = {value};
+    values_ = std::make_shared<const PropertyDictionary>(std::move(values));
+    stored_ = std::move(stored);
+    overlaid_ = unsaved_;
+  }
+
+  // Empty on success, else what went wrong.
+  std::string write() {
+    return file_.change([this](const std::optional<std::string>& stored) -> SharedDocument::Edit {
+      const bool isBroken = stored && !parsePropertyList(*stored);
+      if (isBroken) return {std::nullopt, "is no property list"};
+      return {mergedPropertyList(stored.value_or(""), unsaved_), ""};
+    });
+  }
+
+  const SharedDocument file_;
+  const Clock& clock_;
+  Log& log_;
+
+  mutable std::mutex mutex_;  // guards everything below
+  mutable double readAt_ = kNever;
+  mutable std::string stored_;  // the bytes that `values_` was made of
+  mutable std::shared_ptr<const PropertyDictionary> values_ =
+      std::make_shared<const PropertyDictionary>();
+  mutable std::map<std::string, bool> overlaid_;  // what of `unsaved_` is in `values_`
+  std::map<std::string, bool> unsaved_;
+};
+
+}  // namespace
+
+std::string settingsPath(const std::string& container) {
+  return container + kFolder + "/" + kName;
+}
+
+std::unique_ptr<SharedSettings> makeSharedSettings(const std::string& container, const Clock& clock,
+                                                   Log& log) {
+  return std::make_unique<SettingsFile>(container, clock, log);
+}
+
+}  // namespace brevant
