@@ -33,6 +33,13 @@ QString translate(const char* text) {
   return QString::fromUtf8(dgettext(kDomain, text));
 }
 
+QString translatePlural(const char* one, const char* many, int count) {
+  const auto amount = static_cast<unsigned long>(count);
+  // Not arg(): some languages have words for one and two, and no number beside them.
+  const QString form = QString::fromUtf8(dngettext(kDomain, one, many, amount));
+  return QString(form).replace(u"%1"_s, QString::number(count));
+}
+
 QLocale messagesLocale() {
   QString name = localeOfEnvironment();
   // The C library's rule: the list of languages counts, except in the plain C locale.

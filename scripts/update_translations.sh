@@ -12,7 +12,7 @@ po=resources/po
 # Writes the template into the folder $1.
 make_template() {
     find desktop -name '*.cc' | LC_ALL=C sort |
-        xgettext --files-from=- --language=C++ --from-code=UTF-8 --keyword --keyword=translate \
+        xgettext --files-from=- --language=C++ --from-code=UTF-8 --keyword --keyword=translate --keyword=translatePlural:1,2 \
             --add-comments=Translators: --add-location=file --force-po --output="$1/desktop.pot"
     msgcat --use-first --add-location=file --output-file="$1/brevant.pot" "$po/keys.pot" "$1/desktop.pot"
 }

@@ -1,0 +1,116 @@
+#include "fake_brevant.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+namespace brevant {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int kGenerousMilliseconds = 20'000;
+
+constexpr char kScript[] = R"(#!/bin/sh
+cd "${0%/*}" || exit 3
+while :; do
+  case $1 in
+    --json) shift ;;
+    --*) shift 2 ;;
+    *) break ;;
+  esac
+done
+echo "$*" >> calls
+. ./misbehaviour
+file=$1
+[ "$1" = live ] && file="$1 $2"
+cat "answers/$file"
+)";
+
+}  // namespace
+
+FakeBrevant::FakeBrevant() {
+  QDir(folder_.path()).mkpath(u"answers"_s);
+  QDir(folder_.path()).mkpath(u"container"_s);
+  writeFile(program(), kScript);
+  QFile::setPermissions(program(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  misbehave("");
+  answer(u"timeline"_s, timelineOf(u"Reading"_s));
+  answer(u"placeholder"_s, R"({"name":"Sleep","views":{"systemSmall":{},"systemMedium":{}}})");
+  answer(u"status"_s, R"({"running":[],"paused":[]})");
+  answer(u"categories"_s, "[]");
+  answer(u"live list"_s, "[]");
+  for (const auto& action : {u"intent"_s, u"pause"_s, u"stop"_s, u"resume"_s, u"start"_s})
+    answer(action, "{}");
+}
+
+ContainerModel::Options FakeBrevant::options() const {
+  using namespace std::chrono_literals;
+  ContainerModel::Options options;
+  options.client.program = program();
+  options.client.container = container();
+  options.client.patience = 10s;
+  options.now = [] { return 1e9; };
+  options.retry = RetryPauses(1h, 1h);
+  options.settle = 20ms;
+  return options;
+}
+
+void FakeBrevant::answer(const QString& command, const QByteArray& json) {
+  writeFile(folder_.filePath(u"answers/"_s + command), json);
+}
+
+void FakeBrevant::misbehave(const QByteArray& commands) {
+  writeFile(folder_.filePath(u"misbehaviour"_s), commands + '\n');
+}
+
+QStringList FakeBrevant::calls(const QString& command) const {
+  QFile file(folder_.filePath(u"calls"_s));
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  const QStringList all = QString::fromUtf8(file.readAll()).split(u'\n');
+  QStringList found;
+  for (const QString& call : all)
+    if (call == command || call.startsWith(command + u' ')) found << call;
+  return found;
+}
+
+bool waitUntil(const std::function<bool()>& holds) {
+  return QTest::qWaitFor(holds, kGenerousMilliseconds);
+}
+
+void letPass(int milliseconds) {
+  QTest::qWait(milliseconds);
+}
+
+void writeFile(const QString& path, const QByteArray& content) {
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) qFatal("cannot write %s", qPrintable(path));
+  file.write(content);
+}
+
+QByteArray timelineOf(const QString& name) {
+  const QByteArray timeline = R"({"kind":"running_widget","policy":"atEnd","entries":[
+    {"guid":"A","date":1e9,"name":"NAME","icon":null,"start":999996100,"duration":0,"views":{
+      "systemSmall":{"view":"Text","text":"NAME"},
+      "systemMedium":{"view":"HStack","children":[{"view":"Text","text":"NAME"},
+        {"view":"Button","intent":{"name":"StopActivityIntent","activityId":"A",
+                                   "operation":"pause"},
+         "label":{"view":"Text","text":"pause"}},
+        {"view":"Link","destination":"brevant:///x","label":{"view":"Text","text":"link"}}]}}}]})";
+  return QByteArray(timeline).replace("NAME", name.toUtf8());
+}
+
+QByteArray presentationOf(const QString& id, const QString& name) {
+  QByteArray presentation = R"({"kind":"LiveActivityWidget","id":"ID",
+    "contentState":{"guid":"A","typeName":"NAME","start":21688900},
+    "lockScreen":BUTTON,"dynamicIsland":{"expanded":{"leading":{"view":"Text","text":"NAME"},
+      "trailing":BUTTON,"bottom":{"view":"Text","text":"NAME"}},
+      "compactLeading":{"view":"Text","text":"NAME"},
+      "compactTrailing":{"view":"Text","text":"0:00"},"minimal":{"view":"Text","text":"N"}}})";
+  presentation.replace("BUTTON", R"({"view":"Button","intent":{"name":"StopActivityLiveIntent",
+    "activityId":"A","operation":"stop"},"label":{"view":"Text","text":"stop"}})");
+  return presentation.replace("ID", id.toUtf8()).replace("NAME", name.toUtf8());
+}
+
+}  // namespace brevant
