@@ -1,6 +1,8 @@
 #include <cstdio>
 
+#include "desktop/host.h"
 #include "desktop/options.h"
+#include "desktop/translate.h"
 
 int main(int argc, char** argv) {
   QStringList arguments;
@@ -10,6 +12,9 @@ int main(int argc, char** argv) {
     std::fprintf(refusal->exitCode == 0 ? stdout : stderr, "%s\n", qPrintable(refusal->message));
     return refusal->exitCode;
   }
+  const auto& options = std::get<brevant::Options>(parsed);
+  brevant::useMessagesOfEnvironment();
+  if (!options.picture) return brevant::runHost(argc, argv, options);
   std::fprintf(stderr, "brevant-desktop: nothing to show yet\n");
   return 1;
 }

@@ -20,6 +20,7 @@ void describeOptions(QCommandLineParser& parser) {
        "island-expanded) and end."_s,
        u"SURFACE"_s},
       {{u"o"_s, u"output"_s}, u"The picture's file."_s, u"FILE.png"_s},
+      {u"do"_s, u"Pause, stop or resume what is shown, and end."_s, u"pause|stop|resume"_s},
       {u"scale"_s, u"Pixels per point of the picture: 1, 1.5, 2 or 3."_s, u"N"_s, u"2"_s},
       {u"container"_s, u"The app-group container."_s, u"DIR"_s},
       {u"now"_s, u"The current time, in seconds since 1970."_s, u"SECONDS"_s},
@@ -86,6 +87,12 @@ std::variant<Options, Refusal> parseOptions(const QStringList& arguments) {
       options.colorScheme = ColorScheme::kLight;
     } else {
       return wrongValue(parser, u"color-scheme"_s);
+    }
+  }
+  if (parser.isSet(u"do"_s)) {
+    options.action = parser.value(u"do"_s);
+    if (!QStringList{u"pause"_s, u"stop"_s, u"resume"_s}.contains(*options.action)) {
+      return wrongValue(parser, u"do"_s);
     }
   }
   if (parser.isSet(u"picture"_s)) {

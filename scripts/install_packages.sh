@@ -5,7 +5,7 @@ set -euo pipefail
 build=(g++ cmake ninja-build pkg-config ccache git
     libsqlite3-dev libhowardhinnant-date-dev libicu-dev libplist-dev libpng-dev
     nlohmann-json3-dev libcli11-dev libsdbus-c++-dev gettext tzdata
-    qt6-base-dev qt6-svg-dev qt6-qpa-plugins libgl-dev fonts-inter fonts-noto-core fonts-noto-cjk)
+    qt6-base-dev qt6-svg-dev qt6-qpa-plugins libgl-dev libxcb1-dev fonts-inter fonts-noto-core fonts-noto-cjk)
 run=(sqlite3)
 test=(libgtest-dev libgmock-dev libbenchmark-dev libsqlitecpp-dev
     clang clang-format clang-tidy libclang-rt-14-dev sqlite3

@@ -1,0 +1,191 @@
+#include "desktop/desk.h"
+
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QUrl>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+
+#include "desktop/spoken.h"
+#include "desktop/translate.h"
+
+namespace brevant {
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+// The headline tells minutes.
+constexpr auto kHeadlineTick = 15s;
+// A tray may start after this program, when people log in.
+constexpr auto kTrayMayTake = 10s;
+
+// Until people move them: the island at the top centre, the others down the right edge.
+QPoint firstPlace(WindowKind kind) {
+  const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+  switch (kind) {
+    case WindowKind::kIsland:
+      return {room.center().x(), room.top() + 8};
+    case WindowKind::kMedium:
+      return {room.right() - 380, room.top() + 24};
+    case WindowKind::kLockScreen:
+      return {room.right() - 420, room.top() + 220};
+    case WindowKind::kSmall:
+      return {room.right() - 220, room.top() + 420};
+  }
+  return room.topLeft();
+}
+
+}  // namespace
+
+Desk::Desk(const ContainerModel::Options& options, const DrawingContext& drawing,
+           Preferences& preferences, QObject* parent)
+    : QObject(parent),
+      preferences_(preferences),
+      now_(options.now),
+      model_(options),
+      small_(WindowKind::kSmall, drawing),
+      medium_(WindowKind::kMedium, drawing),
+      banner_(drawing),
+      island_(drawing) {
+  for (CardWindow* window : windows_) connectWindow(*window);
+  connectMenu(menu_);
+  connectMenu(tray_.menu());
+  connect(&tray_, &Tray::activated, this, &Desk::raise);
+  connect(&model_, &ContainerModel::entryLoaded, this, &Desk::showEntry);
+  connect(&model_, &ContainerModel::liveLoaded, this, &Desk::showLive);
+  connect(&model_, &ContainerModel::logLoaded, this, &Desk::showMenus);
+  connect(&headlineTick_, &QTimer::timeout, this, &Desk::showHeadline);
+  headlineTick_.start(kHeadlineTick);
+  QTimer::singleShot(kTrayMayTake, this, &Desk::tellIfTrayIsMissing);
+  showMenus();
+  model_.reload();
+}
+
+void Desk::setColorScheme(ColorScheme scheme) {
+  for (CardWindow* window : windows_) window->setColorScheme(scheme);
+  model_.setColorScheme(scheme);
+}
+
+void Desk::raise() {
+  if (!visibleWindow()) showWindow(WindowKind::kMedium, true);
+  for (CardWindow* window : windows_) {
+    if (!window->isVisible()) continue;
+    window->raise();
+    window->activateWindow();
+  }
+}
+
+void Desk::run(const QStringList& arguments) {
+  model_.run(arguments, [this](const QString& failure) {
+    if (!failure.isEmpty()) say(failure);
+  });
+}
+
+void Desk::say(const QString& message) {
+  if (CardWindow* window = visibleWindow()) {
+    window->say(message);
+  } else {
+    tray_.say(message);
+  }
+}
+
+CardWindow& Desk::window(WindowKind kind) {
+  return **std::find_if(windows_.begin(), windows_.end(),
+                        [kind](const CardWindow* window) { return window->kind() == kind; });
+}
+
+void Desk::connectWindow(CardWindow& window) {
+  const WindowKind kind = window.kind();
+  window.setOnTop(preferences_.isOnTop());
+  window.placeAt(preferences_.position(kind).value_or(firstPlace(kind)));
+  window.setWanted(preferences_.isWanted(kind));
+  connect(&window, &CardWindow::intentAsked, this,
+          [this, &window](const IntentCall& call) { runIntent(window, call); });
+  connect(&window, &CardWindow::linkAsked, this,
+          [this, &window](const QString& destination) { openLink(window, destination); });
+  connect(&window, &CardWindow::menuAsked, this, [this](QPoint at) { menu_.popup(at); });
+  connect(&window, &CardWindow::moved, this,
+          [this, kind](QPoint anchor) { preferences_.setPosition(kind, anchor); });
+  connect(&window, &CardWindow::dismissed, this, [this, kind] { showWindow(kind, false); });
+}
+
+void Desk::connectMenu(HostMenu& menu) {
+  connect(&menu, &HostMenu::runAsked, this, &Desk::run);
+  connect(&menu, &HostMenu::windowToggled, this, &Desk::showWindow);
+  connect(&menu, &HostMenu::onTopToggled, this, [this](bool onTop) {
+    preferences_.setOnTop(onTop);
+    for (CardWindow* window : windows_) window->setOnTop(onTop);
+    showMenus();
+  });
+  connect(&menu, &HostMenu::folderAsked, this, &Desk::folderAsked);
+  connect(&menu, &HostMenu::quitAsked, this, &Desk::quitAsked);
+}
+
+void Desk::runIntent(CardWindow& window, const IntentCall& call) {
+  const QStringList arguments{u"intent"_s, call.name, call.activityId, call.operation};
+  if (model_.run(arguments, [&window](const QString& failure) { window.endIntent(failure); }))
+    window.beginIntent();
+}
+
+void Desk::openLink(CardWindow& window, const QString& destination) {
+  if (!QDesktopServices::openUrl(QUrl(destination)))
+    window.say(translate("Nothing here opens this link"));
+}
+
+void Desk::showWindow(WindowKind kind, bool wanted) {
+  preferences_.setWanted(kind, wanted);
+  window(kind).setWanted(wanted);
+  showMenus();
+}
+
+void Desk::showEntry() {
+  small_.showEntry(model_.entry(), model_.entryTrouble());
+  medium_.showEntry(model_.entry(), model_.entryTrouble());
+  const bool runs = !model_.entry()["name"_L1].toString().isEmpty();
+  tray_.setImage(runs ? model_.entry()["icon"_L1].toObject() : QJsonObject());
+  showHeadline();
+}
+
+void Desk::showLive() {
+  banner_.showActivities(model_.liveActivities(), model_.liveTrouble());
+  island_.showActivities(model_.liveActivities(), model_.liveTrouble());
+}
+
+void Desk::showMenus() {
+  MenuState state{headline(), model_.running(),      model_.paused(), model_.categories(),
+                  {},         preferences_.isOnTop()};
+  for (const CardWindow* window : windows_)
+    if (window->isWanted()) state.wanted.push_back(window->kind());
+  menu_.show(state);
+  tray_.menu().show(state);
+}
+
+void Desk::showHeadline() {
+  menu_.setHeadline(headline());
+  tray_.setHeadline(headline());
+}
+
+void Desk::tellIfTrayIsMissing() {
+  if (Tray::isAvailable() || !preferences_.tellOnceThatTrayIsMissing()) return;
+  const QString message =
+      translate("This desktop has no tray. A right click on a widget has the same menu.");
+  std::fprintf(stderr, "brevant-desktop: %s\n", qPrintable(message));
+  if (!visibleWindow()) raise();
+  say(message);
+}
+
+CardWindow* Desk::visibleWindow() {
+  const auto* found = std::find_if(windows_.begin(), windows_.end(),
+                                   [](const CardWindow* window) { return window->isVisible(); });
+  return found == windows_.end() ? nullptr : *found;
+}
+
+QString Desk::headline() const {
+  return spokenEntry(model_.entry(), now_());
+}
+
+}  // namespace brevant

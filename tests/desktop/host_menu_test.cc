@@ -1,0 +1,94 @@
+#include "desktop/host_menu.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <gmock/gmock.h>
+
+namespace brevant {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+QJsonArray list(const char* json) {
+  return QJsonDocument::fromJson(json).array();
+}
+
+// "Start>Sport>Running" for every entry that can be chosen and has no menu behind it.
+QStringList pathsOf(const QMenu& menu, const QString& above = {}) {
+  QStringList paths;
+  for (const QAction* action : menu.actions()) {
+    if (action->isSeparator()) continue;
+    const QString path = above + action->text();
+    if (action->menu()) {
+      paths << pathsOf(*action->menu(), path + u'>');
+    } else if (action->isEnabled()) {
+      paths << path;
+    }
+  }
+  return paths;
+}
+
+QAction* find(const QMenu& menu, const QString& text) {
+  for (QAction* action : menu.actions()) {
+    if (action->text() == text) return action;
+    if (action->menu())
+      if (QAction* found = find(*action->menu(), text)) return found;
+  }
+  return nullptr;
+}
+
+TEST(HostMenu, OffersWhatCanBeDone) {
+  HostMenu menu;
+  MenuState state;
+  state.headline = u"Tea & cake, 5 minutes"_s;
+  state.running = list(R"([{"guid":"R","name":"Tea & cake"}])");
+  state.paused = list(R"([{"guid":"P","name":"Work"},{"guid":"Q","name":"Sleep"}])");
+  // A category twice removed, an orphan, a cycle and an empty group, which nobody can start.
+  state.categories = list(R"([
+    {"guid":"g","name":"Sport","parentGuid":null,"isGroup":true,"color":255},
+    {"guid":"h","name":"Water","parentGuid":"g","isGroup":true,"color":255},
+    {"guid":"s","name":"Swim","parentGuid":"h","isGroup":false,"color":255},
+    {"guid":"r","name":"Read","parentGuid":"","isGroup":false,"color":255},
+    {"guid":"o","name":"Orphan","parentGuid":"?","isGroup":false,"color":255},
+    {"guid":"c","name":"Cycle","parentGuid":"c","isGroup":true,"color":255},
+    {"guid":"e","name":"Empty","parentGuid":null,"isGroup":true,"color":255}])");
+  state.wanted = {WindowKind::kIsland};
+  menu.show(state);
+
+  EXPECT_EQ(menu.actions().first()->text(), u"Tea && cake, 5 minutes"_s);
+  const QStringList expected{u"Pause"_s,
+                             u"Stop"_s,
+                             u"Resume Work"_s,
+                             u"Resume Sleep"_s,
+                             u"Start>Sport>Water>Swim"_s,
+                             u"Start>Read"_s,
+                             u"Small widget"_s,
+                             u"Medium widget"_s,
+                             u"Live Activity banner"_s,
+                             u"Dynamic Island"_s,
+                             u"Always on top"_s,
+                             u"Choose a folder…"_s,
+                             u"Quit"_s};
+  EXPECT_EQ(pathsOf(menu), expected);
+  EXPECT_TRUE(find(menu, u"Dynamic Island"_s)->isChecked());
+  EXPECT_FALSE(find(menu, u"Small widget"_s)->isChecked());
+
+  QStringList run;
+  QObject::connect(&menu, &HostMenu::runAsked,
+                   [&](const QStringList& arguments) { run << arguments.join(u' '); });
+  for (const auto& text : {u"Pause"_s, u"Stop"_s, u"Resume Sleep"_s, u"Swim"_s})
+    find(menu, text)->trigger();
+  EXPECT_EQ(run, QStringList({u"pause R"_s, u"stop R"_s, u"resume Q"_s, u"start s"_s}));
+}
+
+TEST(HostMenu, NamesTheActivitiesWhereSeveralRun) {
+  HostMenu menu;
+  MenuState state;
+  state.running = list(R"([{"guid":"1","name":"A"},{"guid":"2","name":"B"}])");
+  menu.show(state);
+  EXPECT_EQ(pathsOf(menu).mid(0, 4),
+            QStringList({u"Pause A"_s, u"Stop A"_s, u"Pause B"_s, u"Stop B"_s}));
+}
+
+}  // namespace
+}  // namespace brevant
