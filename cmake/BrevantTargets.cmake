@@ -4,7 +4,7 @@ add_library(brevant_options INTERFACE)
 target_compile_features(brevant_options INTERFACE cxx_std_20)
 target_compile_options(brevant_options INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Wcast-qual
-  -Woverloaded-virtual -Wconversion -Wsign-conversion -Wdouble-promotion -Wformat=2)
+  -Woverloaded-virtual -Wconversion -Wsign-conversion -Wformat=2)
 if(BREVANT_SANITIZE)
   target_compile_options(brevant_options INTERFACE
     -fsanitize=${BREVANT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

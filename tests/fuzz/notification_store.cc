@@ -1,0 +1,40 @@
+// Whatever the file of pending requests holds: reading it never fails, and adding a request keeps
+// those that could be read.
+#include "platform/linux/notification_store.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+struct Silence : brevant::Log {
+  void write(std::string_view) override {}
+};
+
+std::size_t pendingCount(brevant::UserNotificationCenter& center) {
+  std::size_t count = 0;
+  center.pendingRequests([&](const auto& requests) { count = requests.size(); });
+  return count;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const std::string container =
+      (std::filesystem::temp_directory_path() / ("fuzz-" + std::to_string(getpid()))).string();
+  static Silence log;
+  std::filesystem::create_directories(container + "/Notifications");
+  std::ofstream(container + "/Notifications/requests.json", std::ios::binary)
+      .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+
+  const auto center = brevant::makeNotificationStore(container, log);
+  const std::size_t before = pendingCount(*center);
+  std::string error;
+  center->add({"remind-fuzz", {}, {}}, [&](const std::string& problem) { error = problem; });
+  if (error.empty() && pendingCount(*center) < before) std::abort();
+  return 0;
+}
