@@ -11,7 +11,12 @@ for corpus in tests/fuzz/corpus/*/; do
     name=$(basename "$corpus")
     found="build/fuzz/found/$name"
     mkdir -p "$found"
-    "build/fuzz/bin/fuzz_$name" -max_total_time="$seconds" -timeout=5 -rss_limit_mb=512 \
-        -print_final_stats=0 -verbosity=0 -artifact_prefix="$found/" "$found" "$corpus" 2>&1 | tail -n 3
+    log="build/fuzz/$name.log"
+    if ! "build/fuzz/bin/fuzz_$name" -max_total_time="$seconds" -timeout=5 -rss_limit_mb=512 \
+        -artifact_prefix="$found/" "$found" "$corpus" >"$log" 2>&1; then
+        tail -n 40 "$log"
+        echo "fuzz_$name: found something" >&2
+        exit 1
+    fi
     echo "fuzz_$name: nothing found in $seconds s"
 done

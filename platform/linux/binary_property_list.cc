@@ -14,6 +14,11 @@ constexpr std::size_t kMaxDepth = 64;
 constexpr std::uint64_t kMaxExpandedSize = std::uint64_t{16} << 20U;
 constexpr std::uint64_t kObjectOverhead = 64;
 
+// Kinds of objects, in the upper half of their markers.
+constexpr std::uint64_t kAsciiText = 0x5;
+constexpr std::uint64_t kUtf16Text = 0x6;
+constexpr std::uint64_t kDictionary = 0xD;
+
 class Walk {
  public:
   explicit Walk(std::string_view bytes) : bytes_(bytes) {}
@@ -40,6 +45,7 @@ class Walk {
   struct Pending {
     std::uint64_t object;
     std::size_t depth;
+    bool isKey = false;  // of a dictionary
   };
   struct Extent {
     std::uint64_t count;
@@ -67,23 +73,36 @@ class Walk {
     return Extent{*count, at + 2 + size};
   }
 
+  // The library does not survive keys that are no texts or have a NUL in them.
+  bool isKey(std::uint64_t at, std::uint64_t marker) const {
+    const std::uint64_t kind = marker >> 4U;
+    if (kind != kAsciiText && kind != kUtf16Text) return false;
+    const std::uint64_t width = kind == kAsciiText ? 1 : 2;
+    const auto text = extent(at, marker);
+    for (std::uint64_t i = 0; text && i < text->count; ++i) {
+      if (number(text->at + i * width, width).value_or(0) == 0) return false;
+    }
+    return text.has_value();
+  }
+
   bool visit(const Pending& next, std::vector<Pending>& pending) {
     if (next.object >= objects_ || objects_ > bytes_.size()) return false;
     const auto at = number(offsets_ + next.object * offsetSize_, offsetSize_);
     const auto marker = at ? number(*at, 1) : std::nullopt;
     if (!marker) return false;
     const std::uint64_t kind = *marker >> 4U;
+    if (next.isKey && !isKey(*at, *marker)) return false;
     std::uint64_t payload = 0;
     if (kind >= 4) {  // below: booleans, numbers and dates of a few bytes
       const auto found = extent(*at, *marker);
       if (!found) return false;
       payload = found->count * 2;
       const bool isList = kind >= 0xA && kind <= 0xC;
-      const std::uint64_t references = isList ? found->count : kind == 0xD ? payload : 0;
+      const std::uint64_t references = isList ? found->count : kind == kDictionary ? payload : 0;
       for (std::uint64_t i = 0; i < references; ++i) {
         const auto object = number(found->at + i * referenceSize_, referenceSize_);
         if (!object) return false;
-        pending.push_back({*object, next.depth + 1});
+        pending.push_back({*object, next.depth + 1, kind == kDictionary && i < found->count});
       }
     }
     expandedSize_ += kObjectOverhead + payload;

@@ -161,11 +161,16 @@ std::optional<PropertyDictionary> parsePropertyList(std::string_view bytes) {
 std::optional<std::string> mergedPropertyList(std::string_view bytes,
                                               const std::map<std::string, bool>& changes) {
   const Node root = bytes.empty() ? Node(plist_new_dict()) : parsed(bytes);
-  if (!root || !dictionary(root.get(), 0)) return std::nullopt;
+  std::optional<PropertyDictionary> expected;
+  if (root) expected = dictionary(root.get(), 0);
+  if (!expected) return std::nullopt;
   for (const auto& [key, value] : changes) {
     plist_dict_set_item(root.get(), key.c_str(), plist_new_bool(value ? 1 : 0));
+    expected->insert_or_assign(key, PropertyValue{value});
   }
-  return written(root.get(), bytes.empty() || isBinary(bytes));
+  std::optional<std::string> merged = written(root.get(), bytes.empty() || isBinary(bytes));
+  // What the library can read but not write back (a text in no encoding) must not be lost.
+  return merged && parsePropertyList(*merged) == expected ? merged : std::nullopt;
 }
 
 }  // namespace brevant

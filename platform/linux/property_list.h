@@ -17,7 +17,8 @@ inline constexpr std::size_t kMaxPropertyListSize = std::size_t{256} << 10U;
 std::optional<PropertyDictionary> parsePropertyList(std::string_view bytes);
 
 // A property list in the format of `bytes` with some keys set and every other as it was, in value,
-// type and order. No bytes make a new binary one; absent when the bytes hold no dictionary.
+// type and order. No bytes make a new binary one; absent when the bytes hold no dictionary, or
+// something that would not be the same when written again.
 std::optional<std::string> mergedPropertyList(std::string_view bytes,
                                               const std::map<std::string, bool>& changes);
 
