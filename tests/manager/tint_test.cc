@@ -1,0 +1,80 @@
+#include "manager/tint.h"
+
+#include <cmath>
+#include <gmock/gmock.h>
+#include <limits>
+
+namespace brevant {
+namespace {
+
+// A strip of pixels with every coverage from 0 to 255 and, where a mask has none, any colour.
+std::shared_ptr<Image> everyCoverage(std::size_t pixels = 256) {
+  auto image = std::make_shared<Image>();
+  image->pixelWidth = static_cast<int>(pixels);
+  image->pixelHeight = 1;
+  image->scale = 2;
+  image->name = "strip";
+  for (std::size_t i = 0; i < pixels; ++i) {
+    const auto alpha = static_cast<std::uint8_t>(i);
+    image->pixels.insert(image->pixels.end(), {alpha, 0, static_cast<std::uint8_t>(i / 2), alpha});
+  }
+  return image;
+}
+
+TEST(ColorFromInt, UnpacksInSinglePrecisionAndLeavesRedUnmasked) {
+  const Color color = colorFromInt(0x336699);
+  EXPECT_EQ(color, Color::rgb(double{0.2F}, double{0.4F}, double{0.6F}, 1));
+  EXPECT_EQ(colorFromInt(0x1FF0000).components[0], double{511 / 255.0F});
+}
+
+TEST(Tint, IsTheCoverageInOneSolidColour) {
+  const auto source = everyCoverage();
+  struct Case {
+    const char* what;
+    Color color;
+    double red, green, blue;
+  };
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const Case cases[] = {
+      {"opaque", Color::rgb(0.2, 0.4, 0.6, 1), 0.2, 0.4, 0.6},
+      {"its own alpha is ignored", Color::rgb(1, 0, 0.999, 0.1), 1, 0, 0.999},
+      {"grey", Color::gray(0.5, 0), 0.5, 0.5, 0.5},
+      {"beyond the range", Color::rgb(2.004, -1, nan, 1), 1, 0, 0},
+      {"no components", Color{}, 0, 0, 0},
+  };
+  for (const Case& each : cases) {
+    SCOPED_TRACE(each.what);
+    const ImageRef result = extensionImageWithColor(source, each.color);
+    ASSERT_EQ(result->pixels.size(), source->pixels.size());
+    for (std::size_t a = 0; a < 256; ++a) {
+      const auto level = [a](double component) {
+        return std::lround(static_cast<double>(a) * double{static_cast<float>(component)});
+      };
+      ASSERT_THAT(std::vector<long>(result->pixels.begin() + static_cast<long>(4 * a),
+                                    result->pixels.begin() + static_cast<long>(4 * a + 4)),
+                  testing::ElementsAre(level(each.red), level(each.green), level(each.blue), a));
+    }
+  }
+}
+
+TEST(Tint, KeepsSizeAndScaleOfImagesOfAnyLength) {
+  for (const std::size_t pixels : {0U, 1U, 7U, 1023U, 1024U, 1025U, 5000U}) {
+    const ImageRef source = everyCoverage(pixels);
+    const ImageRef result = extensionImageWithIntColor(source, 0xFFFFFF);
+    EXPECT_EQ(result->pixelWidth, source->pixelWidth);
+    EXPECT_EQ(result->pixelHeight, 1);
+    EXPECT_EQ(result->scale, 2);
+    EXPECT_EQ(result->name, "");
+    ASSERT_EQ(result->pixels.size(), 4 * pixels);
+    for (std::size_t i = 0; i < 4 * pixels; ++i) ASSERT_EQ(result->pixels[i], (i / 4) % 256) << i;
+  }
+}
+
+TEST(Tint, WithoutColourOrImageThereIsNothingToDo) {
+  const ImageRef source = everyCoverage();
+  EXPECT_EQ(extensionImageWithColor(source, std::nullopt), source);
+  EXPECT_EQ(extensionImageWithIntColor(nullptr, 0xFF0000), nullptr);
+}
+
+}  // namespace
+}  // namespace brevant
