@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/image.h"
+#include "platform/platform.h"
+
+namespace brevant {
+
+// Finished images on disk, a keyed archive per key, in a folder of the user's caches directory.
+// This side only reads: whoever fills the folder also trims it, by the modification dates that each
+// hit leaves. It remembers nothing, so that a miss costs one attempt to open a file, and any thread
+// may ask.
+class PINDiskCache {
+ public:
+  explicit PINDiskCache(const Platform& platform);
+
+  // Null for a key without an entry. An entry that is no archive of an image is deleted.
+  [[nodiscard]] ImageRef objectForKey(std::string_view key) const;
+
+ private:
+  void discard(const std::string& path) const;
+
+  Platform platform_;
+  std::optional<std::string> folder_;
+};
+
+}  // namespace brevant
