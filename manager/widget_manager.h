@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "manager/pin_disk_cache.h"
 #include "platform/calendar.h"
 #include "platform/image.h"
 #include "platform/platform.h"
@@ -14,6 +15,7 @@
 
 namespace brevant {
 
+struct NotificationContent;
 struct NotifySettings;
 
 // The facade through which the widgets, the Live Activity and the intents reach the shared store:
@@ -82,11 +84,16 @@ class WidgetManager {
   std::unique_ptr<WidgetDAO> dao;
 
  private:
-  enum class Closing { kKept, kTooShort };
+  // A stretch that is too short is dropped; without an earlier one nothing of the activity is left.
+  enum class Closing { kClosed, kNothingLeft };
   Closing closeRunningStretch(WidgetActivity& activity, std::uint64_t now);
   void finish(WidgetActivity& activity, std::int32_t state);
 
+  NotificationContent reminderContent();
+  [[nodiscard]] ImageRef customIcon(const std::string& name) const;
+
   Platform platform_;
+  PINDiskCache iconCache_;
 };
 
 }  // namespace brevant

@@ -1,0 +1,92 @@
+// How a category's icon is found and tinted.
+#include <cstddef>
+
+#include "manager/pin_disk_cache.h"
+#include "manager/tint.h"
+#include "manager/widget_manager.h"
+#include "platform/bundle.h"
+#include "platform/container_path.h"
+#include "platform/file_manager.h"
+#include "platform/image_codec.h"
+
+namespace brevant {
+namespace {
+
+constexpr const char* kDefaultIcon = "cat_1.png";
+
+// Names below this length are of icons that ship with the extension ("cat_12.png"); the user's own
+// are named by a guid.
+constexpr std::size_t kCustomNameLength = 21;
+
+std::string iconName(const std::optional<std::string>& guid) {
+  if (!guid || guid->empty()) return kDefaultIcon;
+  return guid->ends_with(".png") ? *guid : *guid + ".png";
+}
+
+// Counted as the main application does, in UTF-16 code units: one for every character that UTF-8
+// begins, another for each that needs four bytes.
+std::size_t lengthInUtf16(std::string_view utf8) {
+  std::size_t length = 0;
+  for (const char c : utf8) {
+    const auto byte = static_cast<unsigned char>(c);
+    if ((byte & 0xC0U) != 0x80U) ++length;
+    if (byte >= 0xF0U) ++length;
+  }
+  return length;
+}
+
+std::string cacheKey(const std::string& name, std::uint64_t color) {
+  return name + "-" + std::to_string(static_cast<std::int32_t>(color));
+}
+
+ImageRef shippedIcon(const Bundle& bundle, const std::string& name) {
+  ImageRef image = bundle.imageNamed(name);
+  return image ? image : bundle.imageNamed(kDefaultIcon);
+}
+
+// The file may be a link, as long as it leads to somewhere in the folder.
+bool isInside(const FileManager& files, const std::string& folder, const std::string& path) {
+  const std::optional<std::string> inside = files.resolvedPath(folder);
+  const std::optional<std::string> target = files.resolvedPath(path);
+  return inside && target && target->starts_with(*inside + "/");
+}
+
+}  // namespace
+
+ImageRef WidgetManager::imageForType(const WidgetType& type) const {
+  return imageForGuid(type.imageGuid, type.color);
+}
+
+ImageRef WidgetManager::imageForGuid(const std::optional<std::string>& guid,
+                                     std::uint64_t color) const {
+  const std::string name = iconName(guid);
+  if (ImageRef cached = iconCache_.objectForKey(cacheKey(name, color))) return cached;
+  const ImageRef icon = lengthInUtf16(name) < kCustomNameLength
+                            ? shippedIcon(platform_.bundle, name)
+                            : customIcon(name);
+  return extensionImageWithIntColor(icon, color);
+}
+
+ImageRef WidgetManager::customIcon(const std::string& name) const {
+  const std::optional<std::string> folder = customImagesPath();
+  const std::optional<std::string> path = pathForCustomImageGuid(name);
+  if (!folder || !path || name.find('/') != std::string::npos) return nullptr;
+  if (!isInside(platform_.files, *folder, *path)) return nullptr;
+  const ImageRef image = platform_.images.imageWithContentsOfFile(*path);
+  if (!image || image->scale == 1) return image;
+  auto atScaleOne = std::make_shared<Image>(*image);  // whatever its name would say
+  atScaleOne->scale = 1;
+  return atScaleOne;
+}
+
+std::optional<std::string> WidgetManager::pathForCustomImageGuid(std::string_view name) const {
+  std::optional<std::string> path = customImagesPath();
+  if (path) path->append("/").append(name);
+  return path;
+}
+
+std::optional<std::string> WidgetManager::customImagesPath() const {
+  return containerPath(platform_.files, "custom_images");
+}
+
+}  // namespace brevant

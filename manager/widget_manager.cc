@@ -1,0 +1,73 @@
+#include "manager/widget_manager.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "manager/category_tree.h"
+#include "platform/container_path.h"
+#include "platform/text.h"
+#include "platform/uuid.h"
+
+namespace brevant {
+
+WidgetManager::WidgetManager(const Platform& platform, const std::optional<std::string>& path)
+    : dao(std::make_unique<WidgetDAO>(platform, path)), platform_(platform), iconCache_(platform) {}
+
+WidgetManager::~WidgetManager() = default;
+
+std::unique_ptr<WidgetManager> WidgetManager::open(const Platform& platform) {
+  return std::make_unique<WidgetManager>(platform,
+                                         containerPath(platform.files, "database.sqlite"));
+}
+
+ActivityList WidgetManager::findActivities() {
+  return dao->findActivities();
+}
+
+ActivityList WidgetManager::findRunningActivities() {
+  ActivityList activities = findActivities();
+  std::erase_if(activities, [](const ActivityRef& each) { return each->state != kStateRunning; });
+  return activities;
+}
+
+TypeList WidgetManager::findAllTypes() {
+  TypeList types = dao->findTypes();
+  buildTree(types);
+  return types;
+}
+
+TypeList WidgetManager::findRoot() {
+  return rootsOf(findAllTypes());
+}
+
+TypeList WidgetManager::flatten(const TypeList& types) {
+  return brevant::flatten(types);
+}
+
+TypeList WidgetManager::findCategoriesOnly() {
+  return categoriesOf(flatten(findRoot()));
+}
+
+TypeRef WidgetManager::findById(std::string_view guid) {
+  const TypeList types = findAllTypes();
+  const auto found = std::find_if(types.begin(), types.end(),
+                                  [&](const TypeRef& type) { return type->guid == guid; });
+  return found == types.end() ? nullptr : *found;
+}
+
+TypeRef WidgetManager::findByName(std::string_view name) {
+  const TypeList types = findAllTypes();
+  setNestingLevels(types);
+  const CaseMapping& mapping = platform_.caseMapping;
+  const std::string wanted = mapping.lowercased(name);
+  const auto found = std::find_if(types.begin(), types.end(), [&](const TypeRef& type) {
+    return type->name && mapping.lowercased(*type->name) == wanted;
+  });
+  return found == types.end() ? nullptr : *found;
+}
+
+std::string WidgetManager::generateGUID() {
+  return newUuid(platform_.random);
+}
+
+}  // namespace brevant
