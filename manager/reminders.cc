@@ -55,7 +55,7 @@ NotifySettings WidgetManager::notifySettings() const {
   return NotifySettings(stored ? std::get_if<PropertyDictionary>(&stored->value) : nullptr);
 }
 
-std::vector<Date> WidgetManager::notifyHours() {
+std::vector<Date> WidgetManager::notifyHours() const {
   const NotifySettings settings = notifySettings();
   if (!settings.enabled || settings.minutes <= 0) return {};
   const bool running = !findRunningActivities().empty();
@@ -93,7 +93,7 @@ void WidgetManager::scheduleRemindMeNotifications() {
   });
 }
 
-NotificationContent WidgetManager::reminderContent() {
+NotificationContent WidgetManager::reminderContent() const {
   const Bundle& bundle = platform_.bundle;
   NotificationContent content;
   content.title = bundle.localizedString("Remind");

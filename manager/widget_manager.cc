@@ -20,23 +20,23 @@ std::unique_ptr<WidgetManager> WidgetManager::open(const Platform& platform) {
                                          containerPath(platform.files, "database.sqlite"));
 }
 
-ActivityList WidgetManager::findActivities() {
+ActivityList WidgetManager::findActivities() const {
   return dao->findActivities();
 }
 
-ActivityList WidgetManager::findRunningActivities() {
+ActivityList WidgetManager::findRunningActivities() const {
   ActivityList activities = findActivities();
   std::erase_if(activities, [](const ActivityRef& each) { return each->state != kStateRunning; });
   return activities;
 }
 
-TypeList WidgetManager::findAllTypes() {
+TypeList WidgetManager::findAllTypes() const {
   TypeList types = dao->findTypes();
   buildTree(types);
   return types;
 }
 
-TypeList WidgetManager::findRoot() {
+TypeList WidgetManager::findRoot() const {
   return rootsOf(findAllTypes());
 }
 
@@ -44,18 +44,18 @@ TypeList WidgetManager::flatten(const TypeList& types) {
   return brevant::flatten(types);
 }
 
-TypeList WidgetManager::findCategoriesOnly() {
+TypeList WidgetManager::findCategoriesOnly() const {
   return categoriesOf(flatten(findRoot()));
 }
 
-TypeRef WidgetManager::findById(std::string_view guid) {
+TypeRef WidgetManager::findById(std::string_view guid) const {
   const TypeList types = findAllTypes();
   const auto found = std::find_if(types.begin(), types.end(),
                                   [&](const TypeRef& type) { return type->guid == guid; });
   return found == types.end() ? nullptr : *found;
 }
 
-TypeRef WidgetManager::findByName(std::string_view name) {
+TypeRef WidgetManager::findByName(std::string_view name) const {
   const TypeList types = findAllTypes();
   setNestingLevels(types);
   const CaseMapping& mapping = platform_.caseMapping;
@@ -66,7 +66,7 @@ TypeRef WidgetManager::findByName(std::string_view name) {
   return found == types.end() ? nullptr : *found;
 }
 
-std::string WidgetManager::generateGUID() {
+std::string WidgetManager::generateGUID() const {
   return newUuid(platform_.random);
 }
 

@@ -37,22 +37,22 @@ class WidgetManager {
 
   // --- Queries ---
 
-  ActivityList findActivities();
-  ActivityList findRunningActivities();
+  ActivityList findActivities() const;
+  ActivityList findRunningActivities() const;
 
   // Flat, with the groups' children rebuilt. An entry whose parent is missing or no group is
   // nobody's child.
-  TypeList findAllTypes();
-  TypeList findRoot();
+  TypeList findAllTypes() const;
+  TypeList findRoot() const;
 
   // Depth-first, parents first; sets the children's nesting level. Circular parents end where they
   // would repeat.
   static TypeList flatten(const TypeList& types);
 
-  TypeList findCategoriesOnly();
-  TypeRef findById(std::string_view guid);
-  TypeRef findByName(std::string_view name);  // ignores case
-  [[nodiscard]] std::string generateGUID();
+  TypeList findCategoriesOnly() const;
+  TypeRef findById(std::string_view guid) const;
+  TypeRef findByName(std::string_view name) const;  // ignores case
+  [[nodiscard]] std::string generateGUID() const;
 
   // --- Operations ---
 
@@ -74,7 +74,7 @@ class WidgetManager {
   // --- Reminders ---
 
   [[nodiscard]] NotifySettings notifySettings() const;
-  std::vector<Date> notifyHours();  // at most 20, earliest first
+  std::vector<Date> notifyHours() const;  // at most 20, earliest first
   void scheduleRemindMeNotifications();
   void cancelRemindMeNotifications();
   [[nodiscard]] DateComponents weekdayTimeComponentsForDate(Date date) const;
@@ -89,7 +89,7 @@ class WidgetManager {
   Closing closeRunningStretch(WidgetActivity& activity, std::uint64_t now);
   void finish(WidgetActivity& activity, std::int32_t state);
 
-  NotificationContent reminderContent();
+  NotificationContent reminderContent() const;
   [[nodiscard]] ImageRef customIcon(const std::string& name) const;
 
   Platform platform_;
