@@ -55,7 +55,8 @@ class ResourceFolder : public Bundle {
 
   std::string localizedPlural(const std::string& key, long number) const override {
     openTranslations();
-    const auto count = static_cast<unsigned long>(number < 0 ? -number : number);
+    const auto bits = static_cast<unsigned long>(number);
+    const unsigned long count = number < 0 ? 0 - bits : bits;
     return key.empty() ? "" : dngettext(kDomain, key.c_str(), key.c_str(), count);
   }
 

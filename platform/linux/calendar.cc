@@ -32,13 +32,13 @@ std::time_t offset(std::time_t time) {
   return localTime(time).tm_gmtoff;
 }
 
-LocalSeconds localSeconds(const DateComponents& c) {
+LocalSeconds localSeconds(const DateComponents& c, int moreDays) {
   const std::time_t months = std::time_t{c.year} * 12 + c.month - 1;
   const auto year = static_cast<int>(
       std::clamp<std::time_t>(months >= 0 ? months / 12 : (months - 11) / 12, -32767, 32767));
   const auto month = static_cast<unsigned>((months % 12 + 12) % 12) + 1;
   const sys_days first(std::chrono::year(year) / std::chrono::month(month) / 1);
-  const std::time_t days = first.time_since_epoch().count() + std::time_t{c.day} - 1;
+  const std::time_t days = first.time_since_epoch().count() + std::time_t{c.day} - 1 + moreDays;
   return days * kDay + std::time_t{c.hour} * 3600 + std::time_t{c.minute} * 60 + c.second;
 }
 
@@ -76,16 +76,17 @@ class LinuxCalendar : public Calendar {
             local.tm_min,         local.tm_sec,     local.tm_wday + 1};
   }
 
-  Date date(const DateComponents& components) const override {
-    return dateFromSeconds(
-        static_cast<double>(instant(clamped(static_cast<double>(localSeconds(components))))));
-  }
+  Date date(const DateComponents& components) const override { return dateAt(components, 0); }
 
   Date addingDays(Date date, int days) const override {
-    DateComponents there = components(date);
-    const double fraction = secondsSince1970(date) - std::floor(secondsSince1970(date));
-    there.day += days;
-    return this->date(there) + Seconds(fraction);
+    const double seconds = secondsSince1970(date);
+    return dateAt(components(date), days) + Seconds(seconds - std::floor(seconds));
+  }
+
+ private:
+  static Date dateAt(const DateComponents& components, int moreDays) {
+    const auto local = static_cast<double>(localSeconds(components, moreDays));
+    return dateFromSeconds(static_cast<double>(instant(clamped(local))));
   }
 };
 

@@ -1,7 +1,8 @@
 #include "platform/linux/case_mapping.h"
 
 #include <algorithm>
-#include <unicode/ucasemap.h>
+#include <unicode/locid.h>
+#include <unicode/unistr.h>
 
 namespace brevant {
 namespace {
@@ -27,16 +28,9 @@ class IcuCaseMapping : public CaseMapping {
 
  private:
   static std::string unicodeLowercased(std::string_view utf8) {
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<UCaseMap, decltype(&ucasemap_close)> map(
-        ucasemap_open("", U_FOLD_CASE_DEFAULT, &status), &ucasemap_close);
-    // At most threefold: a byte that is no UTF-8 becomes three, no mapping grows a letter further.
-    std::string result(3 * utf8.size(), '\0');
-    const std::int32_t size =
-        ucasemap_utf8ToLower(map.get(), result.data(), static_cast<std::int32_t>(result.size()),
-                             utf8.data(), static_cast<std::int32_t>(utf8.size()), &status);
-    if (U_FAILURE(status)) return asciiLowercased(utf8);
-    result.resize(static_cast<std::size_t>(size));
+    const icu::StringPiece bytes(utf8.data(), static_cast<std::int32_t>(utf8.size()));
+    std::string result;
+    icu::UnicodeString::fromUTF8(bytes).toLower(icu::Locale::getRoot()).toUTF8String(result);
     return result;
   }
 };

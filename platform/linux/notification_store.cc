@@ -15,6 +15,11 @@ using Requests = std::vector<NotificationRequest>;
 
 constexpr std::size_t kMaxStoreSize = std::size_t{16} << 20U;
 
+// Clamped, so that no number in a file is beyond what a component can hold.
+int component(const Json& trigger, const char* key) {
+  return static_cast<int>(std::clamp<double>(trigger.at(key), INT32_MIN, INT32_MAX));
+}
+
 NotificationRequest decodedRequest(const Json& json) {
   const Json& trigger = json.at("trigger");
   NotificationRequest request{
@@ -22,12 +27,12 @@ NotificationRequest decodedRequest(const Json& json) {
       {json.at("title"), json.at("body"), json.at("userInfo"), json.at("sound")},
       {{}, trigger.at("repeats")}};
   DateComponents& at = request.trigger.components;
-  at.year = trigger.at("year");
-  at.month = trigger.at("month");
-  at.day = trigger.at("day");
-  at.hour = trigger.at("hour");
-  at.minute = trigger.at("minute");
-  at.second = trigger.at("second");
+  at.year = component(trigger, "year");
+  at.month = component(trigger, "month");
+  at.day = component(trigger, "day");
+  at.hour = component(trigger, "hour");
+  at.minute = component(trigger, "minute");
+  at.second = component(trigger, "second");
   return request;
 }
 

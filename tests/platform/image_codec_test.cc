@@ -1,0 +1,117 @@
+#include "platform/linux/image_codec.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/linux/property_list.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/test_data.h"
+
+namespace brevant {
+namespace {
+
+using test::testData;
+using Bytes = std::vector<std::uint8_t>;
+
+std::span<const std::uint8_t> bytesOf(const std::string& text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+// Opaque red and half-transparent blue.
+const Image kSample{2, 1, 1, {255, 0, 0, 255, 0, 0, 128, 128}, ""};
+
+std::string samplePng() {
+  const auto png = makeImageCodec()->encodePng(kSample);
+  return png ? std::string(png->begin(), png->end()) : "";
+}
+
+TEST(ImageCodecTest, KeepsEveryPremultipliedPixel) {
+  Image image{256, 256, 2, {}, ""};
+  for (unsigned alpha = 0; alpha < 256; ++alpha) {
+    for (unsigned x = 0; x < 256; ++x) {
+      const auto color = static_cast<std::uint8_t>(std::min(x, alpha));
+      image.pixels.insert(image.pixels.end(), {color, static_cast<std::uint8_t>(alpha - color), 0,
+                                               static_cast<std::uint8_t>(alpha)});
+    }
+  }
+  const auto codec = makeImageCodec();
+  const auto png = codec->encodePng(image);
+  ASSERT_TRUE(png);
+  const ImageRef decoded = codec->decodePng(*png, 2);
+  ASSERT_TRUE(decoded);
+  EXPECT_TRUE(*decoded == image);
+  EXPECT_EQ(decoded->width(), 128);
+}
+
+TEST(ImageCodecTest, RefusesWhatIsNoPictureOrTooLarge) {
+  const auto codec = makeImageCodec();
+  const std::string png = samplePng();
+  for (std::size_t size = 0; size + 12 < png.size(); ++size) {  // the end mark may be missing
+    EXPECT_EQ(codec->decodePng(bytesOf(png).first(size), 1), nullptr) << size;
+  }
+  EXPECT_EQ(codec->decodePng(bytesOf(testData("huge.png")), 1), nullptr);
+  EXPECT_FALSE(codec->encodePng(Image{}));
+  EXPECT_FALSE(codec->encodePng(Image{3, 1, 1, kSample.pixels, ""}));
+  EXPECT_FALSE(codec->encodePng(Image{-2, -1, 1, kSample.pixels, ""}));
+}
+
+TEST(ImageCodecTest, TakesTheScaleFromTheFileName) {
+  const test::TemporaryFolder folder;
+  const auto codec = makeImageCodec();
+  for (const auto& [name, scale] : {std::pair("a.png", 1), {"a@2x.png", 2}, {"a@3x.png", 3}}) {
+    const ImageRef image = codec->imageWithContentsOfFile(folder.write(name, samplePng()));
+    ASSERT_TRUE(image) << name;
+    EXPECT_EQ(image->scale, scale);
+  }
+  EXPECT_EQ(codec->imageWithContentsOfFile(folder.path / "b.png"), nullptr);
+}
+
+std::string xmlArchive(const std::string& objects) {
+  return "<plist version=\"1.0\"><dict><key>$archiver</key><string>NSKeyedArchiver</string>"
+         "<key>$top</key><dict><key>root</key><dict><key>CF$UID</key><integer>1</integer></dict>"
+         "</dict><key>$objects</key><array><string>$null</string>" +
+         objects + "</array></dict></plist>";
+}
+
+const std::string kData =
+    "<data>iVBORw0KGgoAAAANSUhEUgAAAAIAAAABCAYAAAD0In+KAAAADklEQVR42mP4z8AAQg0AD3oDfmqBMeEAAAAASUVO"
+    "RK5CYII=</data>";
+
+TEST(ImageCodecTest, FindsTheImageInAnArchive) {
+  for (const std::string& archive :
+       {testData("archive_data.plist"), testData("archive_object.plist"), xmlArchive(kData),
+        xmlArchive("<dict><key>a</key><string/><key>b</key>" + kData + "</dict>")}) {
+    const ImageRef image = makeImageCodec()->unarchiveImage(bytesOf(archive));
+    ASSERT_TRUE(image) << archive;
+    EXPECT_EQ(*image, kSample);
+  }
+}
+
+TEST(ImageCodecTest, FindsNothingInWhatHoldsNoImage) {
+  const std::string reference = "<dict><key>CF$UID</key><integer>1</integer></dict>";
+  const std::string outside =
+      "<dict><key>CF$UID</key><integer>18446744073709551615</integer></dict>";
+  const std::string whole = testData("archive_object.plist");
+  std::vector<std::string> archives = {
+      "",
+      "no archive",
+      samplePng(),
+      testData("settings_binary.plist"),
+      testData("doubling.plist"),
+      testData("circular.plist"),
+      xmlArchive(""),
+      xmlArchive("<string>text</string>"),
+      xmlArchive("<data>AAAA</data>"),
+      xmlArchive(reference),
+      xmlArchive(outside),
+      xmlArchive("<dict><key>a</key>" + outside + "</dict>"),
+      xmlArchive("<dict><key>NS.data</key>" + reference + "</dict>"),
+      xmlArchive(kData + std::string(kMaxPropertyListSize, ' ')),
+  };
+  for (std::size_t size = 0; size < whole.size(); ++size) archives.push_back(whole.substr(0, size));
+  for (const std::string& archive : archives) {
+    EXPECT_EQ(makeImageCodec()->unarchiveImage(bytesOf(archive)), nullptr) << archive.size();
+  }
+}
+
+}  // namespace
+}  // namespace brevant

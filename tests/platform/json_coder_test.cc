@@ -1,0 +1,124 @@
+#include "platform/linux/json_coder.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/support/fake_platform.h"
+
+namespace brevant {
+namespace {
+
+using testing::HasSubstr;
+
+// What decoding `{"key":VALUE}` as each of the types gives, errors as their message.
+template <typename T>
+std::string shown(const Decoded<T>& decoded) {
+  if (const auto* error = std::get_if<DecodingError>(&decoded)) return error->message;
+  if constexpr (std::is_same_v<T, std::string>)
+    return std::get<T>(decoded);
+  else if constexpr (std::is_same_v<T, Date>)
+    return std::to_string(secondsSince1970(std::get<T>(decoded)));
+  else
+    return std::to_string(std::get<T>(decoded));
+}
+
+struct Meanings {
+  std::string text, number, date;
+};
+
+Meanings meanings(const Coder& coder, const std::string& json) {
+  Meanings result;
+  const auto error = coder.decode(json, [&](const KeyedDecoder& decoder) {
+    result = {shown(decoder.text("key")), shown(decoder.unsignedInteger("key")),
+              shown(decoder.date("key"))};
+  });
+  if (error) result.text = result.number = result.date = error->message;
+  return result;
+}
+
+class CoderContract : public testing::TestWithParam<bool> {
+ protected:
+  std::unique_ptr<Coder> coder = GetParam() ? makeJsonCoder() : std::make_unique<test::FakeCoder>();
+};
+
+TEST_P(CoderContract, DecodesWhatItEncoded) {
+  const Date date = dateFromSeconds(1700000000.123456);
+  const auto coded = coder->encode([&](KeyedEncoder& encoder) {
+    encoder.encode("text", "ü \"☃\" \\");
+    encoder.encode("number", UINT64_MAX);
+    encoder.encode("date", date);
+  });
+  ASSERT_TRUE(coded);
+  bool wasRead = false;
+  EXPECT_FALSE(coder->decode(*coded, [&](const KeyedDecoder& decoder) {
+    wasRead = true;
+    EXPECT_EQ(std::get<std::string>(decoder.text("text")), "ü \"☃\" \\");
+    EXPECT_EQ(std::get<std::uint64_t>(decoder.unsignedInteger("number")), UINT64_MAX);
+    EXPECT_EQ(std::get<Date>(decoder.date("date")), date);
+    EXPECT_THAT(shown(decoder.text("number")), HasSubstr("number"));
+    EXPECT_THAT(shown(decoder.date("Date")), HasSubstr("Date"));
+  }));
+  EXPECT_TRUE(wasRead);
+}
+
+INSTANTIATE_TEST_SUITE_P(RealAndFake, CoderContract, testing::Bool());
+
+TEST(JsonCoderTest, WritesKeysInOrderAndDatesSince2001) {
+  const auto coded = makeJsonCoder()->encode([](KeyedEncoder& encoder) {
+    encoder.encode("b", "text");
+    encoder.encode("a", std::uint64_t{1});
+    encoder.encode("date", dateFromSeconds(978307200.5));
+  });
+  EXPECT_EQ(coded, R"({"b":"text","a":1,"date":0.5})");
+}
+
+TEST(JsonCoderTest, EncodesNothingThatIsNoTextOrNoNumber) {
+  const auto coder = makeJsonCoder();
+  EXPECT_FALSE(coder->encode([](KeyedEncoder& e) { e.encode("key", "\xFF"); }));
+  EXPECT_FALSE(coder->encode([](KeyedEncoder& e) { e.encode("key", dateFromSeconds(HUGE_VAL)); }));
+}
+
+TEST(JsonCoderTest, TakesTypesExactly) {
+  const std::string noText = "\"key\" is not a text", noDate = "\"key\" is not a number of seconds";
+  const std::string noNumber = "\"key\" is not a whole number from 0 to 18446744073709551615";
+  const struct {
+    const char* value;
+    std::string text, number, date;
+  } cases[] = {
+      {"\"1\"", "1", noNumber, noDate},
+      {"1", noText, "1", "978307201.000000"},
+      {"-1", noText, noNumber, "978307199.000000"},
+      {"1.0", noText, noNumber, "978307201.000000"},
+      {"-0.0", noText, noNumber, "978307200.000000"},
+      {"1e2", noText, noNumber, "978307300.000000"},
+      {"18446744073709551615", noText, "18446744073709551615", "18446744074687860736.000000"},
+      {"18446744073709551616", noText, noNumber, "18446744074687860736.000000"},
+      {"true", noText, noNumber, noDate},
+      {"null", noText, noNumber, noDate},
+      {"[1]", noText, noNumber, noDate},
+  };
+  for (const auto& each : cases) {
+    const Meanings found = meanings(
+        *makeJsonCoder(), std::string("{\"other\":{\"key\":9},\"key\":") + each.value + "}");
+    EXPECT_EQ(found.text, each.text) << each.value;
+    EXPECT_EQ(found.number, each.number) << each.value;
+    EXPECT_EQ(found.date, each.date) << each.value;
+  }
+  EXPECT_EQ(meanings(*makeJsonCoder(), R"({"Key":1})").text, "\"key\" is missing");
+}
+
+TEST(JsonCoderTest, RefusesWhatIsNoKeyedContainer) {
+  const std::string deep(100'000, '[');
+  for (const std::string& coded :
+       {std::string(), std::string("{"), std::string("[\"key\"]"), std::string("\"key\""), deep,
+        deep + std::string(100'000, ']'), std::string("{\"key\":\"\xFF\"}"),
+        std::string("{\"key\":1e999}"), std::string("{\"key\":NaN}"),
+        std::string("{\"key\":1,\"key\":1}"), std::string("{\"key\":1} {}"),
+        std::string("{\"key\":1,}")}) {
+    bool wasRead = false;
+    EXPECT_TRUE(makeJsonCoder()->decode(coded, [&](const auto&) { wasRead = true; }));
+    EXPECT_FALSE(wasRead) << coded.substr(0, 40);
+  }
+}
+
+}  // namespace
+}  // namespace brevant

@@ -1,0 +1,121 @@
+#include "platform/linux/live_activity_registry.h"
+
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include "platform/linux/random_source.h"
+#include "tests/support/fake_platform.h"
+#include "tests/support/processes.h"
+#include "tests/support/temporary_folder.h"
+
+namespace brevant {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using enum LiveActivityState;
+
+const std::string kFile = "LiveActivities/activities.json";
+
+class LiveActivityRegistryTest : public testing::Test {
+ protected:
+  std::unique_ptr<LiveActivityCenter> open() {
+    return makeLiveActivityRegistry(folder.path, clock, *random, log);
+  }
+
+  const test::TemporaryFolder folder;
+  test::FakeClock clock;
+  const std::unique_ptr<RandomSource> random = makeRandomSource();
+  test::FakeLog log;
+};
+
+std::string start(LiveActivityCenter& center, const std::string& contentState) {
+  const auto started = center.start(contentState);
+  const auto* const activity = std::get_if<StartedLiveActivity>(&started);
+  return activity ? activity->id : "";
+}
+
+class LiveActivitiesContract : public LiveActivityRegistryTest,
+                               public testing::WithParamInterface<bool> {
+ protected:
+  std::unique_ptr<LiveActivityCenter> center =
+      GetParam() ? open() : std::make_unique<test::FakeLiveActivities>();
+};
+
+TEST_P(LiveActivitiesContract, ListsInTheOrderOfStarting) {
+  const std::string a = start(*center, "{\"a\":1}"), b = start(*center, "{}");
+  EXPECT_TRUE(center->update(a, "{\"a\":2}"));
+  EXPECT_THAT(center->activities(),
+              ElementsAre(LiveActivity{a, kActive, "{\"a\":2}"}, LiveActivity{b, kActive, "{}"}));
+}
+
+TEST_P(LiveActivitiesContract, NeverBringsAnEndedOneBack) {
+  const std::string a = start(*center, "{\"a\":1}"), b = start(*center, "{}");
+  EXPECT_TRUE(center->end(a, DismissalPolicy::kImmediate));
+  EXPECT_FALSE(center->update(a, "{\"a\":2}"));
+  EXPECT_FALSE(center->end(a, DismissalPolicy::kImmediate));
+  EXPECT_FALSE(center->update("unknown", "{}"));
+  EXPECT_FALSE(center->end("unknown", DismissalPolicy::kDefault));
+  EXPECT_THAT(center->activities(), ElementsAre(LiveActivity{b, kActive, "{}"}));
+  EXPECT_THAT(center->allActivities(),
+              ElementsAre(LiveActivity{a, kEnded, "{\"a\":1}"}, LiveActivity{b, kActive, "{}"}));
+}
+
+TEST_P(LiveActivitiesContract, RefusesContentAboveFourKilobytes) {
+  const std::string most(4096, 'x'), tooMuch(4097, 'x');
+  const std::string id = start(*center, most);
+  EXPECT_EQ(start(*center, tooMuch), "");
+  EXPECT_FALSE(center->update(id, tooMuch));
+  EXPECT_THAT(center->allActivities(), ElementsAre(LiveActivity{id, kActive, most}));
+}
+
+INSTANTIATE_TEST_SUITE_P(RealAndFake, LiveActivitiesContract, testing::Bool());
+
+TEST_F(LiveActivityRegistryTest, KeepsEndedOnesADay) {
+  const auto center = open();
+  const std::string id = start(*center, "{}");
+  center->end(id, DismissalPolicy::kImmediate);
+  clock.time += Seconds(86399);
+  EXPECT_THAT(open()->allActivities(), SizeIs(1));
+  clock.time += Seconds(1);
+  EXPECT_THAT(center->allActivities(), IsEmpty());
+  start(*center, "{}");
+  EXPECT_THAT(folder.read(kFile), Not(HasSubstr(id)));
+}
+
+TEST_F(LiveActivityRegistryTest, NeverOverwritesABrokenFile) {
+  const auto center = open();
+  const std::string id = start(*center, "{}");
+  EXPECT_EQ(start(*center, "\xFF"), "");
+  log.lines.clear();
+  const std::string whole = folder.read(kFile);
+  for (const std::string& contents :
+       {std::string(), std::string("[]"), std::string("{\"activities\":[{\"id\":5}]}"),
+        whole.substr(0, whole.size() / 2), std::string(100'000, '[')}) {
+    folder.write(kFile, contents);
+    EXPECT_THAT(center->allActivities(), IsEmpty());
+    EXPECT_EQ(start(*center, "{}"), "");
+    EXPECT_FALSE(center->end(id, DismissalPolicy::kImmediate));
+    EXPECT_EQ(folder.read(kFile), contents);
+    EXPECT_THAT(log.lines, testing::AllOf(SizeIs(3), testing::Each(HasSubstr(kFile))));
+    log.lines.clear();
+  }
+}
+
+TEST_F(LiveActivityRegistryTest, LosesNothingBetweenTwoProcesses) {
+  EXPECT_TRUE(test::runTogether(2, [this](int) {
+    const auto center = open();
+    for (int round = 0; round < 1000; ++round) {
+      const std::string id = start(*center, "{}");
+      if (!center->update(id, "{\"a\":1}")) _exit(1);
+      if (!center->end(id, DismissalPolicy::kImmediate)) _exit(1);
+      clock.time += Seconds(3600);
+    }
+  }));
+  EXPECT_THAT(open()->activities(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace brevant

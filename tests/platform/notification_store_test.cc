@@ -1,0 +1,108 @@
+#include "platform/linux/notification_store.h"
+
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include "tests/support/fake_platform.h"
+#include "tests/support/processes.h"
+#include "tests/support/temporary_folder.h"
+
+namespace brevant {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const std::string kFile = "Notifications/requests.json";
+
+NotificationRequest request(const std::string& identifier, int minute = 0) {
+  return {identifier,
+          {"Remind", "Sleep \"☃\"\n", {{"type", "notify"}, {"", ""}}, "default"},
+          {{2024, 2, 29, 23, minute, 59}, false}};
+}
+
+std::vector<NotificationRequest> pending(UserNotificationCenter& center) {
+  std::vector<NotificationRequest> result;
+  center.pendingRequests([&](const auto& requests) { result = requests; });
+  return result;
+}
+
+std::string add(UserNotificationCenter& center, const NotificationRequest& added) {
+  std::string problem = "not called";
+  center.add(added, [&](const std::string& error) { problem = error; });
+  return problem;
+}
+
+class NotificationStoreTest : public testing::Test {
+ protected:
+  std::unique_ptr<UserNotificationCenter> open() { return makeNotificationStore(folder.path, log); }
+
+  const test::TemporaryFolder folder;
+  test::FakeLog log;
+};
+
+class NotificationCenterContract : public NotificationStoreTest,
+                                   public testing::WithParamInterface<bool> {
+ protected:
+  std::unique_ptr<UserNotificationCenter> center =
+      GetParam() ? open() : std::make_unique<test::FakeNotificationCenter>();
+};
+
+TEST_P(NotificationCenterContract, KeepsRequestsInTheOrderTheyWereAdded) {
+  EXPECT_THAT(pending(*center), IsEmpty());
+  for (const char* const each : {"a", "b", "c"}) EXPECT_EQ(add(*center, request(each)), "");
+  EXPECT_THAT(pending(*center), ElementsAre(request("a"), request("b"), request("c")));
+  EXPECT_EQ(add(*center, request("a", 5)), "");
+  center->removePendingRequests({"c", "unknown"});
+  EXPECT_THAT(pending(*center), ElementsAre(request("b"), request("a", 5)));
+}
+
+TEST_P(NotificationCenterContract, LetsItsHandlersCallBackIn) {
+  add(*center, request("a"));
+  center->pendingRequests([&](const auto& requests) {
+    center->removePendingRequests({requests.at(0).identifier});
+    center->add(request("b"), [&](const std::string&) { add(*center, request("c")); });
+  });
+  EXPECT_THAT(pending(*center), ElementsAre(request("b"), request("c")));
+}
+
+INSTANTIATE_TEST_SUITE_P(RealAndFake, NotificationCenterContract, testing::Bool());
+
+TEST_F(NotificationStoreTest, StoresANameThatIsNoText) {
+  NotificationRequest odd = request("a");
+  odd.content.body = "\xFF";
+  EXPECT_EQ(add(*open(), odd), "");
+  EXPECT_EQ(pending(*open()).at(0).content.body, "\xEF\xBF\xBD");
+}
+
+TEST_F(NotificationStoreTest, NeverOverwritesABrokenFile) {
+  for (const std::string& contents :
+       {std::string(), std::string("{\"requests\":5"), std::string("{\"requests\":[{}]}"),
+        std::string("{\"requests\":[{\"identifier\":\"a\",\"trigger\":[]}]}")}) {
+    folder.write(kFile, contents);
+    EXPECT_THAT(pending(*open()), IsEmpty());
+    EXPECT_THAT(add(*open(), request("a")), HasSubstr(kFile));
+    open()->removePendingRequests({"a"});
+    EXPECT_EQ(folder.read(kFile), contents);
+    EXPECT_THAT(log.lines, testing::AllOf(testing::SizeIs(3), testing::Each(HasSubstr(kFile))));
+    log.lines.clear();
+  }
+}
+
+TEST_F(NotificationStoreTest, LosesNothingBetweenTwoProcesses) {
+  EXPECT_TRUE(test::runTogether(2, [this](int process) {
+    const auto center = open();
+    const std::string prefix = std::to_string(process) + "-";
+    for (int round = 0; round < 1000; ++round) {
+      if (!add(*center, request(prefix + std::to_string(round))).empty()) _exit(1);
+      center->removePendingRequests({prefix + std::to_string(round - 1)});
+    }
+  }));
+  std::set<std::string> left;
+  for (const NotificationRequest& each : pending(*open())) left.insert(each.identifier);
+  EXPECT_THAT(left, ElementsAre("0-999", "1-999"));
+}
+
+}  // namespace
+}  // namespace brevant
