@@ -84,9 +84,11 @@ class SettingsFile : public SharedSettings {
   // Empty on success, else what went wrong.
   std::string write() {
     return file_.change([this](const std::optional<std::string>& stored) -> SharedDocument::Edit {
-      const bool isBroken = stored && !parsePropertyList(*stored);
-      if (isBroken) return {std::nullopt, "is no property list"};
-      return {mergedPropertyList(stored.value_or(""), unsaved_), ""};
+      // A file that is there but empty is broken as well.
+      std::optional<std::string> merged;
+      if (!stored || !stored->empty()) merged = mergedPropertyList(stored.value_or(""), unsaved_);
+      if (!merged) return {std::nullopt, "is no property list that can be changed without loss"};
+      return {std::move(merged), ""};
     });
   }
 
