@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <optional>
 #include <string_view>
 #include <typeinfo>
 #include <unordered_map>
@@ -69,20 +70,23 @@ TypeList filtered(const TypeList& types, Predicate keep) {
 }  // namespace
 
 void buildTree(const TypeList& types) {
-  std::unordered_map<std::string_view, WidgetType*> byGuid;
-  byGuid.reserve(types.size());
+  std::unordered_map<std::string_view, WidgetGroup*> byGuid;
   for (const TypeRef& type : types) {
     if (isExactly<WidgetGroup>(*type)) static_cast<WidgetGroup&>(*type).children.reset();
-    if (type->guid) byGuid.insert_or_assign(*type->guid, type.get());
+    if (!type->guid) continue;
+    if (auto* group = dynamic_cast<WidgetGroup*>(type.get())) {
+      byGuid.insert_or_assign(*type->guid, group);
+    } else {
+      byGuid.erase(*type->guid);  // it hides an earlier group, and takes no children
+    }
   }
   for (const TypeRef& type : types) {
     if (!type->parentGuid) continue;
     const auto parent = byGuid.find(*type->parentGuid);
     if (parent == byGuid.end()) continue;
-    auto* group = dynamic_cast<WidgetGroup*>(parent->second);
-    if (!group) continue;
-    if (!group->children) group->children.emplace();
-    group->children->push_back(type.get());
+    std::optional<std::vector<WidgetType*>>& children = parent->second->children;
+    if (!children) children.emplace();
+    children->push_back(type.get());
   }
 }
 

@@ -28,10 +28,11 @@
 namespace brevant::test {
 
 struct FakeClock : Clock {
-  Date now() const override { return time; }
+  Date now() const override { return std::exchange(time, time + tick); }
   double monotonicSeconds() const override { return monotonic; }
 
-  Date time = dateFromSeconds(1'700'000'000);  // 2023-11-14 22:13:20 UTC
+  mutable Date time = dateFromSeconds(1'700'000'000);  // 2023-11-14 22:13:20 UTC
+  Seconds tick{0};                                     // passes with each reading
   double monotonic = 0;
 };
 
