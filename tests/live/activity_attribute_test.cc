@@ -1,0 +1,98 @@
+#include "live/activity_attribute.h"
+
+#include <gmock/gmock.h>
+
+#include "platform/linux/json_coder.h"
+
+namespace brevant {
+namespace {
+
+using ::testing::HasSubstr;
+
+const ContentState kState{"G-1",
+                          "Lesen \xF0\x9F\x93\x96",
+                          "cat_7",
+                          0xFFFF'FFFF'FFFF'FFFF,
+                          dateFromSeconds(kReferenceDate + 0.25),
+                          "hello"};
+constexpr const char* kCoded =
+    R"({"guid":"G-1","typeName":"Lesen 📖","icon":"cat_7","color":18446744073709551615,)"
+    R"("start":0.25,"message":"hello"})";
+
+class Coding : public ::testing::Test {
+ protected:
+  // Empty where the text decodes.
+  std::string errorOf(const std::string& coded) const {
+    const auto decoded = ContentState::decoded(*coder, coded);
+    const auto* error = std::get_if<DecodingError>(&decoded);
+    return error ? error->message : "";
+  }
+
+  const std::unique_ptr<Coder> coder = makeJsonCoder();
+};
+
+TEST_F(Coding, IsTheContractWithTheMainApplication) {
+  EXPECT_EQ(kState.encoded(*coder), kCoded);
+  EXPECT_EQ(std::get<ContentState>(ContentState::decoded(*coder, kCoded)), kState);
+  EXPECT_EQ(errorOf(R"({"message":"","start":-1,"color":0,"icon":"","typeName":"","guid":"",)"
+                    R"("more":[]})"),
+            "");
+}
+
+TEST_F(Coding, FailsWithTheFirstKeyThatIsMissingOrOfAnotherType) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"{}", "guid"},
+      {R"({"Guid":"","typeName":"","icon":"","color":0,"start":0,"message":""})", "guid"},
+      {R"({"guid":null,"typename":"","icon":"","color":0,"start":0,"message":""})", "guid"},
+      {R"({"guid":"","typename":"","icon":1,"color":-1})", "typeName"},
+      {R"({"guid":"","typeName":"","icon":1,"color":-1})", "icon"},
+      {R"({"guid":"","typeName":"","icon":"","color":-1,"start":0,"message":""})", "color"},
+      {R"({"guid":"","typeName":"","icon":"","color":0.5,"start":0,"message":""})", "color"},
+      {R"({"guid":"","typeName":"","icon":"","color":"1","start":0,"message":""})", "color"},
+      {R"({"guid":"","typeName":"","icon":"","color":0,"start":"0"})", "start"},
+      {R"({"guid":"","typeName":"","icon":"","color":0,"start":0})", "message"},
+  };
+  for (const auto& [coded, key] : cases) {
+    EXPECT_THAT(errorOf(coded), HasSubstr(key)) << coded;
+  }
+  for (const char* coded : {"", "[]", "7", "{", "null"}) EXPECT_NE(errorOf(coded), "") << coded;
+}
+
+TEST_F(Coding, OfATextThatIsNoUtf8Fails) {
+  ContentState broken = kState;
+  broken.message = "\xFF";
+  EXPECT_EQ(broken.encoded(*coder), std::nullopt);
+}
+
+TEST_F(Coding, OfTheAttributesIsEmptyAndNeverFails) {
+  EXPECT_EQ(ActivityAttribute().encoded(*coder), "{}");
+  for (const char* coded : {"{}", R"({"guid":1})", "[1]", ""}) {
+    EXPECT_EQ(ActivityAttribute::decoded(coded), ActivityAttribute()) << coded;
+  }
+}
+
+TEST(ContentStateEquality, ComparesEveryField) {
+  const std::hash<ContentState> hash;
+  EXPECT_EQ(hash(kState), hash(ContentState(kState)));
+  std::vector<ContentState> changed(6, kState);
+  changed[0].guid += "x";
+  changed[1].typeName += "x";
+  changed[2].icon += "x";
+  changed[3].color -= 1;
+  changed[4].start += Seconds(0.5);
+  changed[5].message = "pause";
+  for (const ContentState& other : changed) {
+    EXPECT_FALSE(other == kState);
+    EXPECT_NE(hash(other), hash(kState));
+  }
+}
+
+TEST(ContentStateKeys, AreKnownByTheirExactText) {
+  EXPECT_EQ(ContentState::codingKey("typeName"), ContentState::CodingKey::kTypeName);
+  for (const char* text : {"", "Guid", "typename", "type_name", "start ", "0"}) {
+    EXPECT_EQ(ContentState::codingKey(text), std::nullopt) << text;
+  }
+}
+
+}  // namespace
+}  // namespace brevant
