@@ -7,30 +7,11 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace brevant {
 namespace {
 
 constexpr mode_t kOwnerOnly = 0600;
-
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  ~Descriptor() { close(); }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  operator int() const { return number_; }  // NOLINT(google-explicit-constructor)
-  explicit operator bool() const { return number_ >= 0; }
-  bool close() {
-    const int number = std::exchange(number_, -1);
-    return number < 0 || ::close(number) == 0;
-  }
-
- private:
-  int number_;
-};
 
 std::string problem(const std::string& path) {
   return path + ": " + std::strerror(errno);
@@ -48,13 +29,13 @@ bool writeAll(int file, std::string_view contents) {
 
 bool writeNewFile(const std::string& path, std::string_view contents, mode_t mode) {
   Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, mode));
-  return file && fchmod(file, mode) == 0 && writeAll(file, contents) && fsync(file) == 0 &&
-         file.close();
+  return file && fchmod(file.number(), mode) == 0 && writeAll(file.number(), contents) &&
+         fsync(file.number()) == 0 && file.close();
 }
 
 bool flushDirectory(const std::string& path) {
   const Descriptor directory(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  return directory && fsync(directory) == 0;
+  return directory && fsync(directory.number()) == 0;
 }
 
 std::string directoryOf(const std::string& path) {
@@ -65,26 +46,23 @@ std::string directoryOf(const std::string& path) {
 }  // namespace
 
 FileLock::FileLock(const std::string& path)
-    : descriptor_(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, kOwnerOnly)) {
+    : file_(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, kOwnerOnly)) {
   int result = -1;
-  while (descriptor_ >= 0 && (result = flock(descriptor_, LOCK_EX)) != 0 && errno == EINTR) {
-  }
-  if (descriptor_ >= 0 && result != 0) close(std::exchange(descriptor_, -1));
-}
-
-FileLock::~FileLock() {
-  if (descriptor_ >= 0) close(descriptor_);
+  do {
+    result = file_ ? flock(file_.number(), LOCK_EX) : -1;
+  } while (file_ && result != 0 && errno == EINTR);
+  if (result != 0) file_.close();
 }
 
 std::optional<std::string> readFile(const std::string& path, std::size_t limit) {
   const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   struct stat status {};
-  if (!file || fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  if (!file || fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
   if (static_cast<std::size_t>(status.st_size) > limit) return std::nullopt;
   std::string contents(static_cast<std::size_t>(status.st_size), '\0');
   std::size_t size = 0;
   while (size < contents.size()) {
-    const ssize_t count = read(file, contents.data() + size, contents.size() - size);
+    const ssize_t count = read(file.number(), contents.data() + size, contents.size() - size);
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) return std::nullopt;
     if (count == 0) break;  // became shorter meanwhile

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/linux/descriptor.h"
+
 namespace brevant {
 
 // A lock between processes and threads, held from construction to destruction. `path` is a file of
@@ -14,15 +16,12 @@ namespace brevant {
 class FileLock {
  public:
   explicit FileLock(const std::string& path);
-  ~FileLock();
-  FileLock(const FileLock&) = delete;
-  FileLock& operator=(const FileLock&) = delete;
 
   // False when the lock file cannot be made or locked.
-  bool held() const { return descriptor_ >= 0; }
+  bool held() const { return static_cast<bool>(file_); }
 
  private:
-  int descriptor_ = -1;
+  Descriptor file_;
 };
 
 // The whole file; absent when it is missing, unreadable, no regular file or above `limit` bytes.

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/linux/notification_service.h"
+#include "platform/platform.h"
+
+namespace brevant {
+
+// What a notification offers to do, for a program that stays to hear of it.
+struct NotificationActions {
+  // The buttons of a notification that is about to be shown.
+  std::function<std::vector<NotificationButton>()> buttons;
+  // One of them was pressed.
+  std::function<void(const std::string& operation)> perform;
+};
+
+enum class Delivery {
+  kDone,       // nothing that is due is left
+  kNoService,  // something is due, but no notification service is there to show it
+  kFailed,     // the container cannot be used
+};
+
+// Shows the pending requests that are due and drops them. Those that are over an hour late are
+// dropped unseen, with a log line. Only one process delivers at a time, so none is shown twice; one
+// that is killed in between leaves what it had not shown, and may leave the last that it had.
+// Without `actions` the notifications have no buttons.
+Delivery deliverDueNotifications(const Platform& platform, NotificationService& service,
+                                 const NotificationActions& actions = {});
+
+// Delivers each request when it comes due, new ones as well, until the process gets SIGTERM or
+// SIGINT. Follows changes of the clock and of the system's time zone, and counts the time that the
+// machine was asleep. False when the container cannot be used.
+[[nodiscard]] bool watchNotifications(const Platform& platform, NotificationService& service,
+                                      const NotificationActions& actions);
+
+}  // namespace brevant
