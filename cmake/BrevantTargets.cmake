@@ -24,6 +24,12 @@ if(BREVANT_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${BREVANT_CCACHE}")
 endif()
 
+# A faster linker where there is one: half the time of a build without it goes into linking.
+find_program(BREVANT_MOLD mold)
+if(BREVANT_MOLD)
+  add_link_options(-fuse-ld=mold)
+endif()
+
 # brevant_library(FOLDER [DEPENDS FOLDER...]) makes brevant_FOLDER, also known as brevant::FOLDER,
 # of every source in the folder.
 function(brevant_library folder)

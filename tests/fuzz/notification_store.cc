@@ -15,6 +15,15 @@ struct Silence : brevant::Log {
   void write(std::string_view) override {}
 };
 
+// The container of this run, gone with it.
+struct Container {
+  Container() { std::filesystem::create_directories(path / "Notifications"); }
+  ~Container() { std::filesystem::remove_all(path); }
+
+  const std::filesystem::path path =
+      std::filesystem::temp_directory_path() / ("fuzz-" + std::to_string(getpid()));
+};
+
 std::size_t pendingCount(brevant::UserNotificationCenter& center) {
   std::size_t count = 0;
   center.pendingRequests([&](const auto& requests) { count = requests.size(); });
@@ -24,14 +33,12 @@ std::size_t pendingCount(brevant::UserNotificationCenter& center) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const std::string container =
-      (std::filesystem::temp_directory_path() / ("fuzz-" + std::to_string(getpid()))).string();
+  static const Container container;
   static Silence log;
-  std::filesystem::create_directories(container + "/Notifications");
-  std::ofstream(container + "/Notifications/requests.json", std::ios::binary)
+  std::ofstream(container.path / "Notifications/requests.json", std::ios::binary)
       .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
 
-  const auto center = brevant::makeNotificationStore(container, log);
+  const auto center = brevant::makeNotificationStore(container.path, log);
   const std::size_t before = pendingCount(*center);
   std::string error;
   center->add({"remind-fuzz", {}, {}}, [&](const std::string& problem) { error = problem; });
