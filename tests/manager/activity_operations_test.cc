@@ -8,23 +8,24 @@ namespace {
 
 using testing::ElementsAre;
 
-// Every operation runs at this time; with each reading of the clock half a second passes.
-constexpr double kNow = 1'700'000'000.7;
+// Every operation begins half a second after this, and with each reading of the clock another half
+// passes. All times are told from here.
+constexpr double kZero = 1'700'000'000;
 
 struct TimedLog : ManagerOnDatabase {
   TimedLog() {
-    fakes.clock.time = dateFromSeconds(kNow);
+    fakes.clock.time = dateFromSeconds(kZero + 0.5);
     fakes.clock.tick = Seconds(0.5);
   }
 
-  void setMinimum(PropertyValue choice) {
-    fakes.settings.values["activityMinDuration"] = std::move(choice);
-  }
+  void setMinimum(std::int64_t choice) { fakes.settings.values["activityMinDuration"] = {choice}; }
   std::string logs() const {
-    return database.ask("SELECT state, start_date, updated_on, is_deleted FROM logs");
+    return database.ask(
+        "SELECT state, start_date - 1.7e9, updated_on - 1700000000 FROM logs "
+        "WHERE is_deleted = 0");
   }
   std::string intervals() const {
-    return database.ask("SELECT start, finish FROM time_intervals WHERE is_deleted = 0");
+    return database.ask("SELECT start - 1.7e9, finish - 1.7e9 FROM time_intervals");
   }
 };
 
@@ -36,55 +37,41 @@ TEST_F(ActivityOperations, ChangeTheLog) {
   struct Case {
     const char* what;
     Operation operation;
-    PropertyValue minimum;
-    const char* before;     // state, start_date
-    const char* intervals;  // start, finish
+    int minimum;  // 1, 2 and 3 mean 10, 60 and 300 seconds
+    int state;
+    const char* start;
+    const char* earlier;  // interval
     const char* logsAfter;
     const char* intervalsAfter;
   };
-  const auto minimum = [](std::int64_t choice) { return PropertyValue{choice}; };
   using enum Operation;
   const Case cases[] = {
-      {"stop closes the stretch", kStop, minimum(0), "1, 1699999000.25", "",
-       "0|NULL|1700000000|0\n", "1699999000.25|1700000001.2\n"},
-      {"pause closes it too", kPause, minimum(0), "1, 1699999000.25", "(1, 2)",
-       "2|NULL|1700000000|0\n", "1.0|2.0\n1699999000.25|1700000001.2\n"},
-      {"a first stretch that is too short deletes the activity", kStop, minimum(2), "1, 1699999971",
-       "", "1|1699999971.0|1700000001|1\n", ""},
-      {"pausing it, too", kPause, minimum(1), "1, 1699999991.3", "",
-       "1|1699999991.3|1700000001|1\n", ""},
-      {"a later one is only dropped", kStop, minimum(2), "1, 1699999971", "(1, 2)",
-       "0|NULL|1700000000|0\n", "1.0|2.0\n"},
-      {"the minimum itself is enough", kStop, minimum(2), "1, 1699999941.2", "",
-       "0|NULL|1700000000|0\n", "1699999941.2|1700000001.2\n"},
-      {"300 seconds", kStop, minimum(3), "1, 1699999702", "(1, 2)", "0|NULL|1700000000|0\n",
-       "1.0|2.0\n"},
-      {"unknown choices set no minimum", kStop, minimum(4), "1, 1700000001.2", "",
-       "0|NULL|1700000000|0\n", "1700000001.2|1700000001.2\n"},
-      {"negative ones neither", kStop, minimum(-1), "1, 1700000001", "", "0|NULL|1700000000|0\n",
-       "1700000001.0|1700000001.2\n"},
-      {"a start in the future is no time", kStop, minimum(1), "1, 1800000000", "",
-       "1|1800000000.0|1700000001|1\n", ""},
-      {"a missing start is all the time since 1970", kStop, minimum(3), "1, NULL", "",
-       "0|NULL|1700000000|0\n", "NULL|1700000001.2\n"},
-      {"stopping a paused one adds nothing", kStop, minimum(0), "2, NULL", "",
-       "0|NULL|1700000000|0\n", ""},
-      {"pausing a paused one neither", kPause, minimum(3), "2, NULL", "(1, 2)",
-       "2|NULL|1700000000|0\n", "1.0|2.0\n"},
-      {"resume starts a stretch", kResume, minimum(3), "2, NULL", "(1, 2)",
-       "1|1700000001.2|1700000000|0\n", "1.0|2.0\n"},
-      {"resuming a running one loses what ran", kResume, minimum(0), "1, 1699999000", "",
-       "1|1700000001.2|1700000000|0\n", ""},
+      {"stop adds the stretch", kStop, 0, 1, "-99.5", "", "0|NULL|0\n", "-99.5|1.0\n"},
+      {"pause too", kPause, 0, 1, "-99", "-9, -8", "2|NULL|0\n", "-9.0|-8.0\n-99.0|1.0\n"},
+      {"an only stretch too short", kStop, 2, 1, "-58.9", "", "", ""},
+      {"when pausing", kPause, 1, 1, "-8", "", "", ""},
+      {"a later one too short", kStop, 3, 1, "-298", "-9, -8", "0|NULL|0\n", "-9.0|-8.0\n"},
+      {"the minimum is enough", kStop, 2, 1, "-59", "", "0|NULL|0\n", "-59.0|1.0\n"},
+      {"an unknown minimum is none", kStop, 4, 1, "1", "", "0|NULL|0\n", "1.0|1.0\n"},
+      {"a negative one neither", kStop, -1, 1, "1", "", "0|NULL|0\n", "1.0|1.0\n"},
+      {"a start in the future", kStop, 1, 1, "5000", "", "", ""},
+      {"no start counts from 1970", kStop, 3, 1, "NULL", "", "0|NULL|0\n", "NULL|1.0\n"},
+      {"stop paused", kStop, 0, 2, "NULL", "", "0|NULL|0\n", ""},
+      {"pause paused", kPause, 3, 2, "NULL", "-9, -8", "2|NULL|0\n", "-9.0|-8.0\n"},
+      {"resume", kResume, 3, 2, "NULL", "-9, -8", "1|1.0|0\n", "-9.0|-8.0\n"},
+      {"resume running loses what ran", kResume, 0, 1, "-99", "", "1|1.0|0\n", ""},
   };
   for (const Case& each : cases) {
     SCOPED_TRACE(each.what);
     TimedLog on;
     on.setMinimum(each.minimum);
-    on.database.run(std::string("INSERT INTO logs (guid, state, start_date) VALUES ('A', ") +
-                    each.before + ")");
-    if (*each.intervals) {
-      on.database.run(std::string("INSERT INTO time_intervals (start, finish, guid, log_guid) ") +
-                      "SELECT *, 'I', 'A' FROM (VALUES " + each.intervals + ")");
+    on.database.run("INSERT INTO logs (guid, state, start_date) VALUES ('A', " +
+                    std::to_string(each.state) + ", 1.7e9 + " + each.start + ")");
+    if (*each.earlier) {
+      on.database.run(
+          "INSERT INTO time_intervals (guid, log_guid, start, finish) SELECT 'I', 'A', "
+          "1.7e9 + column1, 1.7e9 + column2 FROM (VALUES (" +
+          std::string(each.earlier) + "))");
     }
     const ActivityRef activity = on.onlyActivity();
     if (each.operation == kStop) on.manager.stopActivity(*activity);
@@ -95,63 +82,51 @@ TEST_F(ActivityOperations, ChangeTheLog) {
   }
 }
 
-TEST_F(ActivityOperations, StartAddsARunningActivityBesideOthers) {
+TEST_F(ActivityOperations, AGapBetweenPauseAndResumeIsInNoInterval) {
   manager.startActivity("C");
-  manager.startActivity("C");
-  EXPECT_EQ(database.ask("SELECT category_guid, state, start_date, updated_on FROM logs"),
-            "C|1|1700000000.7|1700000001\nC|1|1700000001.7|1700000002\n");
-  EXPECT_EQ(manager.findRunningActivities().size(), 2U);
+  manager.startActivity("D");  // several may run at once
+  EXPECT_EQ(logs(), "1|0.5|1\n1|1.5|2\n");
+  database.run("DELETE FROM logs WHERE category_guid = 'D'");
+  fakes.clock.time = dateFromSeconds(kZero + 100);
+  manager.pauseActivity(*onlyActivity());
+  fakes.clock.time = dateFromSeconds(kZero + 200);
+  manager.resumeActivity(*onlyActivity());
+  fakes.clock.time = dateFromSeconds(kZero + 300);
+  manager.stopActivity(*onlyActivity());
+  EXPECT_EQ(intervals(), "0.5|100.5\n200.5|300.5\n");
 }
 
 TEST_F(ActivityOperations, StopChangesTheCallersObjectPauseAndResumeDoNot) {
   WidgetActivity activity;
-  activity.guid = "A";
   activity.state = kStateRunning;
-  activity.start = dateFromSeconds(1000);
+  activity.start = dateFromSeconds(kZero - 99);
   manager.resumeActivity(activity);
   manager.pauseActivity(activity);
   EXPECT_EQ(activity.state, kStateRunning);
-  EXPECT_EQ(activity.start, dateFromSeconds(1000));
+  EXPECT_EQ(activity.start, dateFromSeconds(kZero - 99));
   EXPECT_FALSE(activity.intervals);
 
   manager.stopActivity(activity);
   EXPECT_EQ(activity.state, kStateStopped);
   EXPECT_FALSE(activity.start);
   ASSERT_EQ(activity.intervals->size(), 1U);
-  const WidgetInterval& interval = *activity.intervals->front();
-  EXPECT_EQ(interval.from, dateFromSeconds(1000));
-  EXPECT_EQ(interval.updatedOn, activity.updatedOn);
-}
-
-TEST_F(ActivityOperations, AGapBetweenPauseAndResumeIsInNoInterval) {
-  fakes.clock.tick = Seconds(0);
-  manager.startActivity("C");
-  fakes.clock.time += Seconds(100);
-  manager.pauseActivity(*onlyActivity());
-  fakes.clock.time += Seconds(1000);
-  manager.resumeActivity(*onlyActivity());
-  fakes.clock.time += Seconds(10);
-  const ActivityRef activity = onlyActivity();
-  manager.stopActivity(*activity);
-  EXPECT_EQ(intervals(), "1700000000.7|1700000100.7\n1700001100.7|1700001110.7\n");
-  EXPECT_EQ(activity->intervals->back()->duration(), 10U);
+  EXPECT_EQ(activity.intervals->front()->updatedOn, activity.updatedOn);
 }
 
 TEST_F(ActivityOperations, EachSignalsOnceAndOnlyFromAMac) {
-  setMinimum({std::int64_t{3}});
+  setMinimum(3);
   manager.startActivity("C");
   EXPECT_THAT(fakes.cloud.saved, ElementsAre());
 
   fakes.process.onMac = true;
-  fakes.cloud.error = "no account";
-  manager.pauseActivity(WidgetActivity());
-  fakes.cloud.error = "";
-  manager.startActivity("C");
   manager.resumeActivity(*onlyActivity());
   manager.stopActivity(*onlyActivity());  // deletes it: too short
+  fakes.cloud.error = "no account";
+  manager.startActivity("C");
+  fakes.cloud.error = "";
   database.run("DROP TABLE logs");
   manager.pauseActivity(WidgetActivity());  // whether or not the write took effect
-  ASSERT_EQ(fakes.cloud.saved.size(), 4U);
+  ASSERT_EQ(fakes.cloud.saved.size(), 3U);
   for (const auto& [container, record] : fakes.cloud.saved) {
     EXPECT_EQ(container, "iCloud.brevant");
     EXPECT_EQ(record.recordType, "WidgetUpdate");

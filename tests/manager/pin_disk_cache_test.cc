@@ -50,21 +50,17 @@ TEST(PINDiskCache, AMissLeavesNoTrace) {
   EXPECT_EQ(fakes.files.files.size(), 1U);
 }
 
-TEST(PINDiskCache, WhatIsNoArchiveIsDeleted) {
+TEST(PINDiskCache, WhatIsNoArchiveIsDeletedOrElseLogged) {
+  struct ReadOnlyFiles : FakeFileManager {
+    std::string removeFile(const std::string&) override { return "Read-only file system"; }
+  } readOnly;
   FakePlatform fakes;
-  fakes.files.files[kFolder + "a"] = "no archive";
+  fakes.files.files[kFolder + "a"] = readOnly.files[kFolder + "a"] = "no archive";
   EXPECT_EQ(PINDiskCache(fakes.platform()).objectForKey("a"), nullptr);
   EXPECT_THAT(fakes.files.files, IsEmpty());
   EXPECT_THAT(fakes.log.lines, IsEmpty());
-}
 
-TEST(PINDiskCache, LogsWhatItCannotDelete) {
-  struct ReadOnlyFiles : FakeFileManager {
-    std::string removeFile(const std::string&) override { return "Read-only file system"; }
-  } files;
-  files.files[kFolder + "a"] = "no archive";
-  FakePlatform fakes;
-  const PINDiskCache cache(replaced(fakes.platform(), {.files = &files}));
+  const PINDiskCache cache(replaced(fakes.platform(), {.files = &readOnly}));
   EXPECT_EQ(cache.objectForKey("a"), nullptr);
   EXPECT_THAT(fakes.log.lines, ElementsAre(testing::MatchesRegex(
                                    "pin_disk_cache.cc .[0-9]+. ERROR: Read-only file system")));

@@ -58,15 +58,14 @@ TEST(Tint, IsTheCoverageInOneSolidColour) {
 }
 
 TEST(Tint, KeepsSizeAndScaleOfImagesOfAnyLength) {
-  for (const std::size_t pixels : {0U, 1U, 7U, 1023U, 1024U, 1025U, 5000U}) {
-    const ImageRef source = everyCoverage(pixels);
+  for (const std::size_t pixels : {0U, 1U, 1023U, 1024U, 5001U}) {
+    const auto source = everyCoverage(pixels);
     const ImageRef result = extensionImageWithIntColor(source, 0xFFFFFF);
-    EXPECT_EQ(result->pixelWidth, source->pixelWidth);
-    EXPECT_EQ(result->pixelHeight, 1);
-    EXPECT_EQ(result->scale, 2);
-    EXPECT_EQ(result->name, "");
-    ASSERT_EQ(result->pixels.size(), 4 * pixels);
-    for (std::size_t i = 0; i < 4 * pixels; ++i) ASSERT_EQ(result->pixels[i], (i / 4) % 256) << i;
+    source->name = "";
+    for (std::size_t i = 0; i < 4 * pixels; ++i) {
+      source->pixels[i] = static_cast<std::uint8_t>(i / 4);
+    }
+    EXPECT_EQ(*result, *source);
   }
 }
 
