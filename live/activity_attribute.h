@@ -16,6 +16,10 @@ namespace brevant {
 struct ActivityAttribute {
   struct ContentState;
 
+  // There are no keys, so no text is one.
+  enum class CodingKey {};
+  static std::optional<CodingKey> codingKey(std::string_view) { return std::nullopt; }
+
   // An empty keyed container.
   [[nodiscard]] std::optional<std::string> encoded(const Coder& coder) const;
 

@@ -19,10 +19,12 @@ View timer(const Platform& platform, const ContentState& state) {
 View controls(const Platform& platform, const ContentState& state, ColorScheme colorScheme) {
   const char* const pauseImage =
       colorScheme == ColorScheme::kLight ? "pause_widget_light@2x.png" : "pause_widget@2x.png";
-  return hstack({
-      pauseControl(platform, state, pauseImage, 44).padding({.trailing = kDefaultSpace}),
-      stopControl(platform, state, 44),
-  });
+  return hstack(
+      {.spacing = 0},
+      {
+          pauseControl(platform, state, pauseImage, 44).padding({.trailing = kDefaultSpace}),
+          stopControl(platform, state, 44),
+      });
 }
 
 View category(const ContentState& state, const WidgetManager& manager) {
@@ -31,11 +33,12 @@ View category(const ContentState& state, const WidgetManager& manager) {
 }
 
 View startTime(const Bundle& bundle, const ContentState& state) {
-  return hstack({
-      text(bundle.localizedString("From") + " : ").font(TextStyle::kFootnote),
-      dateText(state.start, DateStyle::kTime).font(TextStyle::kFootnote),
-      text(" "),
-  });
+  return hstack({.spacing = 0},
+                {
+                    text(bundle.localizedString("From") + " : ").font(TextStyle::kFootnote),
+                    dateText(state.start, DateStyle::kTime).font(TextStyle::kFootnote),
+                    text(" "),
+                });
 }
 
 }  // namespace

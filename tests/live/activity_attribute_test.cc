@@ -58,12 +58,6 @@ TEST_F(Coding, FailsWithTheFirstKeyThatIsMissingOrOfAnotherType) {
   for (const char* coded : {"", "[]", "7", "{", "null"}) EXPECT_NE(errorOf(coded), "") << coded;
 }
 
-TEST_F(Coding, OfATextThatIsNoUtf8Fails) {
-  ContentState broken = kState;
-  broken.message = "\xFF";
-  EXPECT_EQ(broken.encoded(*coder), std::nullopt);
-}
-
 TEST_F(Coding, OfTheAttributesIsEmptyAndNeverFails) {
   EXPECT_EQ(ActivityAttribute().encoded(*coder), "{}");
   for (const char* coded : {"{}", R"({"guid":1})", "[1]", ""}) {

@@ -36,7 +36,7 @@ TEST_F(LiveActivityViews, LockScreenIsTwoRowsBelowAThinSpace) {
   Text " " .font(size 10 weight regular design default)
   HStack center 8
     Text 1000.5 timer .font(style largeTitle) .monospacedDigit .bold .multilineTextAlignment(leading) .lineLimit(1) .invalidatableContent
-    HStack center 8
+    HStack center 0
       Button name StopActivityLiveIntent activityId abc operation pause .buttonStyle(plain) .padding(trailing default)
         Image pause_widget_light@2x.png .resizable .frame(width 44 height 44 alignment center)
       Button name StopActivityLiveIntent activityId abc operation stop .buttonStyle(plain)
@@ -45,7 +45,7 @@ TEST_F(LiveActivityViews, LockScreenIsTwoRowsBelowAThinSpace) {
     Label
       Text "Reading" .font(style title3) .lineLimit(1) .minimumScaleFactor(0.5)
       Image .resizable .frame(width 20 height 20 alignment center)
-    HStack center 8
+    HStack center 0
       Text "Seit : " .font(style footnote)
       Text 1000.5 time .font(style footnote)
       Text " "

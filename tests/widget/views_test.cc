@@ -125,13 +125,5 @@ TEST_F(WidgetViews, WithoutAnEntrySayThatNothingRuns) {
   EXPECT_EQ(medium(), "Text \"Nichts\"\n");
 }
 
-// A broken guid is harmless where controls need no link.
-TEST_F(WidgetViews, NeedAValidLinkOnlyBeforeInteractiveWidgets) {
-  model->guid = "a b";
-  EXPECT_THAT(medium(), HasSubstr("activityId a b operation stop"));
-  fakes.process.version = {16, 4};
-  EXPECT_DEATH(medium(), "Fatal error: the activity's guid makes no valid deep link");
-}
-
 }  // namespace
 }  // namespace brevant
