@@ -26,6 +26,7 @@ class Argument {
   Argument(Date date) : value_(secondsSince1970(date)) {}
   Argument(std::string_view text) : value_(text) {}
   Argument(const std::string& text) : value_(std::string_view(text)) {}
+  Argument(std::string&&) = delete;
   Argument(const char* text) {
     if (text) value_ = std::string_view(text);
   }
@@ -47,6 +48,7 @@ class Argument {
   Argument(const std::optional<T>& optional) {
     if (optional) value_ = Argument(*optional).value_;
   }
+  Argument(std::optional<std::string>&&) = delete;
 
   const Value& value() const { return value_; }
 

@@ -61,7 +61,7 @@ bool FMDatabase::open() {
 
 bool FMDatabase::close() {
   cachedStatements_.clear();
-  while (!openResultSets_.empty()) (*openResultSets_.begin())->close();
+  while (!openResultSets_.empty()) openResultSets_.back()->close();
   if (!handle_) return true;
 
   int result = sqlite3_close(handle_);
@@ -81,7 +81,7 @@ void FMDatabase::finalizeLeakedStatements() {
   }
 }
 
-std::unique_ptr<FMResultSet> FMDatabase::executeQuery(const std::string& sql,
+std::unique_ptr<FMResultSet> FMDatabase::executeQuery(std::string_view sql,
                                                       std::span<const Argument> arguments) {
   if (!isReady()) return nullptr;
   const Executing executing(isExecuting_);
@@ -94,7 +94,7 @@ std::unique_ptr<FMResultSet> FMDatabase::executeQuery(const std::string& sql,
   return std::make_unique<FMResultSet>(*this, std::move(statement), log_);
 }
 
-bool FMDatabase::executeUpdate(const std::string& sql, std::span<const Argument> arguments) {
+bool FMDatabase::executeUpdate(std::string_view sql, std::span<const Argument> arguments) {
   if (!isReady()) return false;
   const Executing executing(isExecuting_);
   const std::shared_ptr<FMStatement> statement = prepare(sql);
@@ -102,7 +102,8 @@ bool FMDatabase::executeUpdate(const std::string& sql, std::span<const Argument>
   if (!statement->bind(arguments)) {
     fail({"Error: the bind count (" + std::to_string(arguments.size()) +
           ") is not correct for the # of variables in the query (" +
-          std::to_string(statement->parameterCount()) + ") (" + sql + ") (executeUpdate)"});
+          std::to_string(statement->parameterCount()) + ") (" + std::string(sql) +
+          ") (executeUpdate)"});
     return false;
   }
   const int result = sqlite3_step(statement->handle());
@@ -119,13 +120,14 @@ bool FMDatabase::isReady() {
   return handle_ && !isExecuting_;
 }
 
-std::shared_ptr<FMStatement> FMDatabase::prepare(const std::string& sql) {
+std::shared_ptr<FMStatement> FMDatabase::prepare(std::string_view sql) {
   std::shared_ptr<FMStatement> statement = cachedStatement(sql);
   if (!statement) {
     sqlite3_stmt* prepared = nullptr;
-    if (sqlite3_prepare_v2(handle_, sql.c_str(), -1, &prepared, nullptr) != SQLITE_OK) {
+    if (sqlite3_prepare_v2(handle_, sql.data(), static_cast<int>(sql.size()), &prepared, nullptr) !=
+        SQLITE_OK) {
       fail({"DB Error: " + std::to_string(lastErrorCode()) + " \"" + lastErrorMessage() + "\"",
-            "DB Query: " + sql, "DB Path: " + description()});
+            "DB Query: " + std::string(sql), "DB Path: " + description()});
       return nullptr;
     }
     statement = std::make_shared<FMStatement>(prepared, sql);
@@ -135,18 +137,19 @@ std::shared_ptr<FMStatement> FMDatabase::prepare(const std::string& sql) {
   return statement;
 }
 
-std::shared_ptr<FMStatement> FMDatabase::cachedStatement(const std::string& sql) const {
+std::shared_ptr<FMStatement> FMDatabase::cachedStatement(std::string_view sql) const {
   const auto found = std::ranges::find_if(cachedStatements_, [&](const auto& statement) {
     return !statement->inUse && statement->query == sql;
   });
   return found == cachedStatements_.end() ? nullptr : *found;
 }
 
-void FMDatabase::reportUpdate(int result, const std::string& sql) {
+void FMDatabase::reportUpdate(int result, std::string_view sql) {
   const std::string error = errorText(result);
   switch (result) {
     case SQLITE_ROW:
-      return fail({"A executeUpdate is being called with a query string '" + sql + "'"});
+      return fail(
+          {"A executeUpdate is being called with a query string '" + std::string(sql) + "'"});
     case SQLITE_INTERRUPT:
       return fail(
           {"Error calling sqlite3_step. Query was interrupted " + error + " SQLITE_INTERRUPT"});

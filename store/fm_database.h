@@ -5,7 +5,6 @@
 #include <initializer_list>
 #include <memory>
 #include <optional>
-#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -43,21 +42,24 @@ class FMDatabase {
 
   // Runs a query with one argument per "?", given one by one or in a list. The first row comes with
   // the cursor's first `next`.
-  template <std::convertible_to<Argument>... Arguments>
-  std::unique_ptr<FMResultSet> executeQuery(const std::string& sql, const Arguments&... arguments) {
+  template <typename... Arguments>
+  requires(std::convertible_to<const Arguments&, Argument>&&...)
+      std::unique_ptr<FMResultSet> executeQuery(std::string_view sql,
+                                                const Arguments&... arguments) {
     const std::array<Argument, sizeof...(arguments)> list{Argument(arguments)...};
     return executeQuery(sql, std::span<const Argument>(list));
   }
-  std::unique_ptr<FMResultSet> executeQuery(const std::string& sql,
+  std::unique_ptr<FMResultSet> executeQuery(std::string_view sql,
                                             std::span<const Argument> arguments);
 
   // Runs a statement that answers no rows.
-  template <std::convertible_to<Argument>... Arguments>
-  bool executeUpdate(const std::string& sql, const Arguments&... arguments) {
+  template <typename... Arguments>
+  requires(std::convertible_to<const Arguments&, Argument>&&...) bool executeUpdate(
+      std::string_view sql, const Arguments&... arguments) {
     const std::array<Argument, sizeof...(arguments)> list{Argument(arguments)...};
     return executeUpdate(sql, std::span<const Argument>(list));
   }
-  bool executeUpdate(const std::string& sql, std::span<const Argument> arguments);
+  bool executeUpdate(std::string_view sql, std::span<const Argument> arguments);
 
   bool beginTransaction();  // exclusive
   bool beginDeferredTransaction();
@@ -80,9 +82,9 @@ class FMDatabase {
   friend class FMResultSet;
 
   bool isReady();
-  std::shared_ptr<FMStatement> prepare(const std::string& sql);
-  std::shared_ptr<FMStatement> cachedStatement(const std::string& sql) const;
-  void reportUpdate(int result, const std::string& sql);
+  std::shared_ptr<FMStatement> prepare(std::string_view sql);
+  std::shared_ptr<FMStatement> cachedStatement(std::string_view sql) const;
+  void reportUpdate(int result, std::string_view sql);
   bool retryAfterBusy(int count);
   void finalizeLeakedStatements();
 
@@ -98,7 +100,7 @@ class FMDatabase {
   sqlite3* handle_ = nullptr;
   bool isExecuting_ = false;
   double busyStart_ = 0;  // when the current wait began, on the clock that never steps
-  std::set<FMResultSet*> openResultSets_;
+  std::vector<FMResultSet*> openResultSets_;
   std::vector<std::shared_ptr<FMStatement>> cachedStatements_;
 };
 

@@ -1,6 +1,5 @@
 #include "store/fm_result_set.h"
 
-#include <algorithm>
 #include <sqlite3.h>
 #include <utility>
 
@@ -10,20 +9,23 @@
 namespace brevant {
 namespace {
 
-char lowercased(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool isLowercaseOf(std::string_view lowercase, std::string_view name) {
-  return std::ranges::equal(lowercase, name, {}, {}, lowercased);
+std::string lowercased(std::string_view name) {
+  std::string result(name);
+  for (char& c : result) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return result;
 }
 
 }  // namespace
 
 FMResultSet::FMResultSet(FMDatabase& parentDB, std::shared_ptr<FMStatement> statement, Log& log)
-    : parentDB_(&parentDB), statement_(std::move(statement)), log_(log) {
+    : parentDB_(&parentDB),
+      statement_(std::move(statement)),
+      handle_(statement_->handle()),
+      log_(log) {
   statement_->inUse = true;
-  parentDB_->openResultSets_.insert(this);
+  parentDB_->openResultSets_.push_back(this);
 }
 
 FMResultSet::~FMResultSet() {
@@ -31,7 +33,7 @@ FMResultSet::~FMResultSet() {
 }
 
 bool FMResultSet::next() {
-  const int result = sqlite3_step(handle());
+  const int result = sqlite3_step(handle_);
   if (result == SQLITE_ROW) return true;
   if (result != SQLITE_DONE) reportStep(result);
   close();
@@ -57,14 +59,14 @@ void FMResultSet::reportStep(int result) {
 std::optional<std::string> FMResultSet::stringForColumn(std::string_view name) {
   const std::optional<int> index = columnIndexForName(name);
   if (!index) return std::nullopt;
-  const unsigned char* const text = sqlite3_column_text(handle(), *index);
+  const unsigned char* const text = sqlite3_column_text(handle_, *index);
   if (!text) return std::nullopt;
   return reinterpret_cast<const char*>(text);
 }
 
 std::int32_t FMResultSet::intForColumn(std::string_view name) {
   const std::optional<int> index = columnIndexForName(name);
-  return index ? sqlite3_column_int(handle(), *index) : 0;
+  return index ? sqlite3_column_int(handle_, *index) : 0;
 }
 
 bool FMResultSet::boolForColumn(std::string_view name) {
@@ -73,40 +75,44 @@ bool FMResultSet::boolForColumn(std::string_view name) {
 
 std::optional<Date> FMResultSet::dateForColumn(std::string_view name) {
   const std::optional<int> index = columnIndexForName(name);
-  if (!index || sqlite3_column_type(handle(), *index) == SQLITE_NULL) return std::nullopt;
-  return dateFromSeconds(sqlite3_column_double(handle(), *index));
+  if (!index || sqlite3_column_type(handle_, *index) == SQLITE_NULL) return std::nullopt;
+  return dateFromSeconds(sqlite3_column_double(handle_, *index));
 }
 
 std::optional<int> FMResultSet::columnIndexForName(std::string_view name) {
-  if (columnNames_.empty()) readColumnNames();
-  for (std::size_t i = columnNames_.size(); i-- > 0;) {
-    if (isLowercaseOf(columnNames_[i], name)) return static_cast<int>(i);
+  if (columns_.empty()) readColumns();
+  std::optional<int> index = find(name);  // most often it is in lower case already
+  if (!index) index = find(lowercased(name));
+  if (!index) {
+    const std::string line =
+        "Warning: I could not find the column named '" + std::string(name) + "'.";
+    parentDB_ ? parentDB_->report(line) : log_.write(line);
   }
-  const std::string line =
-      "Warning: I could not find the column named '" + std::string(name) + "'.";
-  parentDB_ ? parentDB_->report(line) : log_.write(line);
+  return index;
+}
+
+std::optional<int> FMResultSet::find(std::string_view lowercaseName) const {
+  for (const auto& [name, index] : columns_) {
+    if (name == lowercaseName) return index;
+  }
   return std::nullopt;
 }
 
-void FMResultSet::readColumnNames() {
-  const int count = sqlite3_column_count(handle());
-  for (int i = 0; i < count; ++i) {
-    std::string name = sqlite3_column_name(handle(), i);
-    std::ranges::transform(name, name.begin(), lowercased);
-    columnNames_.push_back(std::move(name));
+void FMResultSet::readColumns() {
+  const int count = sqlite3_column_count(handle_);
+  columns_.reserve(static_cast<std::size_t>(count));
+  for (int i = count - 1; i >= 0; --i) {  // of the same names the last is found first
+    columns_.emplace_back(lowercased(sqlite3_column_name(handle_, i)), i);
   }
 }
 
 void FMResultSet::close() {
   if (!parentDB_) return;
-  parentDB_->openResultSets_.erase(this);
+  std::erase(parentDB_->openResultSets_, this);
   parentDB_ = nullptr;
   statement_->reset();
   statement_.reset();
-}
-
-sqlite3_stmt* FMResultSet::handle() const {
-  return statement_ ? statement_->handle() : nullptr;
+  handle_ = nullptr;
 }
 
 }  // namespace brevant

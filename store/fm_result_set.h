@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/date.h"
@@ -48,14 +49,18 @@ class FMResultSet {
   void close();
 
  private:
-  sqlite3_stmt* handle() const;
-  void readColumnNames();
+  void readColumns();
+  std::optional<int> find(std::string_view lowercaseName) const;
   void reportStep(int result);
 
-  FMDatabase* parentDB_;  // null once closed
+  // All null once closed.
+  FMDatabase* parentDB_;
   std::shared_ptr<FMStatement> statement_;
+  sqlite3_stmt* handle_;
+
   Log& log_;
-  std::vector<std::string> columnNames_;  // by index, in lower case; read at the first look-up
+  // Index by name in lower case, read at the first look-up. So few that a search beats any map.
+  std::vector<std::pair<std::string, int>> columns_;
 };
 
 }  // namespace brevant

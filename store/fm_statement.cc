@@ -36,8 +36,8 @@ struct Binder {
 
 }  // namespace
 
-FMStatement::FMStatement(sqlite3_stmt* handle, std::string sql)
-    : query(std::move(sql)), handle_(handle) {}
+FMStatement::FMStatement(sqlite3_stmt* handle, std::string_view sql)
+    : query(sql), handle_(handle) {}
 
 FMStatement::~FMStatement() {
   sqlite3_finalize(handle_);

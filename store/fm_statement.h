@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "store/argument.h"
 
@@ -13,7 +14,7 @@ namespace brevant {
 // caches statements; it is finalised with the last of them.
 class FMStatement {
  public:
-  FMStatement(sqlite3_stmt* handle, std::string sql);
+  FMStatement(sqlite3_stmt* handle, std::string_view sql);
   ~FMStatement();
   FMStatement(const FMStatement&) = delete;
   FMStatement& operator=(const FMStatement&) = delete;

@@ -1,5 +1,7 @@
 #include "store/widget_dao.h"
 
+#include <deque>
+#include <string_view>
 #include <utility>
 
 #include "platform/calendar.h"
@@ -13,31 +15,31 @@
 namespace brevant {
 namespace {
 
-constexpr const char* kSelectTypes =
+constexpr std::string_view kSelectTypes =
     "SELECT guid, name, color, image_guid, order_num, sync_status, parent_guid, is_group, "
     "is_archived FROM categories WHERE is_deleted = 0 AND is_archived = 0 ORDER BY order_num";
-constexpr const char* kSelectActivities =
+constexpr std::string_view kSelectActivities =
     "SELECT guid, start_date, state, comment, category_guid FROM logs "
     "WHERE (state = 1 OR state = 2) AND is_deleted = 0";
-constexpr const char* kSelectIntervals =
+constexpr std::string_view kSelectIntervals =
     "SELECT guid, start, finish, start_m, finish_m FROM time_intervals "
     "WHERE is_deleted=0 AND log_guid = ?";
-constexpr const char* kInsertActivity =
+constexpr std::string_view kInsertActivity =
     "INSERT INTO logs (guid, start_date, state, category_guid, sync_status, is_deleted, "
     "updated_on) VALUES (?, ?, ?, ?, 1, 0, ?)";
-constexpr const char* kInsertInterval =
+constexpr std::string_view kInsertInterval =
     "INSERT INTO time_intervals (guid, start, finish, start_m, finish_m, log_guid, sync_status, "
     "is_deleted, category_guid, updated_on) VALUES (?, ?, ?, ?, ?, ?, 1, 0, ?, ?)";
-constexpr const char* kUpdateActivity =
+constexpr std::string_view kUpdateActivity =
     "UPDATE logs SET start_date = ?, state = ?, category_guid = ?, sync_status = 1, "
     "updated_on = ? WHERE guid = ?";
-constexpr const char* kUpdateInterval =
+constexpr std::string_view kUpdateInterval =
     "UPDATE time_intervals SET start = ?, finish = ?, sync_status = 1, updated_on = ? "
     "WHERE guid = ?";
-constexpr const char* kDeleteIntervals =
+constexpr std::string_view kDeleteIntervals =
     "UPDATE time_intervals SET is_deleted = 1, sync_status = 1, updated_on = ? "
     "WHERE log_guid = ?";
-constexpr const char* kDeleteActivity =
+constexpr std::string_view kDeleteActivity =
     "UPDATE logs SET is_deleted = 1, sync_status = 1, updated_on = ? WHERE guid = ?";
 
 // The code as the main application stores it.
@@ -54,7 +56,7 @@ class WidgetDAO::Write {
   explicit Write(FMDatabase* db) : db_(db), began_(db && db->beginTransaction()) {}
 
   template <typename... Arguments>
-  void execute(const char* sql, const Arguments&... arguments) {
+  void execute(std::string_view sql, const Arguments&... arguments) {
     if (began_ && !db_->executeUpdate(sql, arguments...)) failed_ = true;
   }
 
@@ -102,12 +104,16 @@ ActivityList WidgetDAO::findActivities() {
 }
 
 IntervalList WidgetDAO::findIntervals(const std::optional<std::string>& activityGuid) {
-  IntervalList intervals;
+  // One allocation for all rather than one each: there can be very many.
+  const auto records = std::make_shared<std::deque<WidgetInterval>>();
   const Argument guid(activityGuid);
   const auto row = db->executeQuery(kSelectIntervals, std::span(&guid, 1));
   while (row && row->next()) {
-    intervals.push_back(WidgetInterval::intervalFromResultSet(*row, platform_.settings));
+    records->push_back(WidgetInterval::intervalFromResultSet(*row, platform_.settings));
   }
+  IntervalList intervals;
+  intervals.reserve(records->size());
+  for (WidgetInterval& each : *records) intervals.emplace_back(records, &each);
   return intervals;
 }
 

@@ -13,16 +13,16 @@ double secondsOrZero(const std::optional<Date>& date) {
 
 }  // namespace
 
-std::shared_ptr<WidgetInterval> WidgetInterval::intervalFromResultSet(
-    FMResultSet& row, const SharedSettings& settings) {
+WidgetInterval WidgetInterval::intervalFromResultSet(FMResultSet& row,
+                                                     const SharedSettings& settings) {
   static const std::string kPrecision = "dateTimePrecision";
   constexpr std::int64_t kMinutePrecision = 1;
 
-  auto interval = std::make_shared<WidgetInterval>();
-  interval->guid = row.stringForColumn("guid");
+  WidgetInterval interval;
+  interval.guid = row.stringForColumn("guid");
   const bool inMinutes = settings.integer(kPrecision) == kMinutePrecision;
-  interval->from = row.dateForColumn(inMinutes ? "start_m" : "start");
-  interval->to = row.dateForColumn(inMinutes ? "finish_m" : "finish");
+  interval.from = row.dateForColumn(inMinutes ? "start_m" : "start");
+  interval.to = row.dateForColumn(inMinutes ? "finish_m" : "finish");
   return interval;
 }
 

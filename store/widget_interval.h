@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 
 #include "platform/date.h"
@@ -19,8 +18,7 @@ struct WidgetInterval : WidgetModel {
 
   // From the cursor's current row. The setting "dateTimePrecision" is read for every row: 1 takes
   // the minute columns, anything else the exact ones.
-  static std::shared_ptr<WidgetInterval> intervalFromResultSet(FMResultSet& row,
-                                                               const SharedSettings& settings);
+  static WidgetInterval intervalFromResultSet(FMResultSet& row, const SharedSettings& settings);
 
   // Whole seconds, never negative; an absent date counts as 1970.
   [[nodiscard]] std::uint64_t duration() const;

@@ -51,13 +51,15 @@ TEST_F(FMDatabaseTest, StoresEachKindOfArgumentInItsOwnForm) {
   const std::vector<std::uint8_t> bytes{1, 0, 255};
   const std::vector<std::uint8_t> noBytes;
   const char* const noText = nullptr;
+  const std::optional<std::string> noName;
+  const std::string name("\xC3\xA4\0b", 4);
   const struct {
     Argument argument;
     std::string stored;
   } kCases[] = {
       {std::nullopt, "null NULL"},
       {noText, "null NULL"},
-      {std::optional<std::string>(), "null NULL"},
+      {noName, "null NULL"},
       {std::optional<Date>(dateFromSeconds(1.5)), "real 1.5"},
       {dateFromSeconds(-0.25), "real -0.25"},
       {Argument::Blob(bytes), "blob X'0100FF'"},
@@ -79,7 +81,7 @@ TEST_F(FMDatabaseTest, StoresEachKindOfArgumentInItsOwnForm) {
       {2.5L, "text '2.500000'"},
       {"it's", "text 'it''s'"},
       {std::string_view(), "text ''"},
-      {std::string("\xC3\xA4\0b", 4), "text '\xC3\xA4'"},
+      {name, "text '\xC3\xA4'"},
   };
   for (const auto& [argument, stored] : kCases) {
     EXPECT_EQ(one("SELECT typeof(?1) || ' ' || CASE typeof(?1) WHEN 'real' THEN "

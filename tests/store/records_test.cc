@@ -151,9 +151,9 @@ TEST(WidgetIntervalTest, IsReadInTheConfiguredPrecision) {
   for (const auto& [precision, from] : kCases) {
     if (precision) row.fakes.settings.values["dateTimePrecision"] = {*precision};
     const auto interval = WidgetInterval::intervalFromResultSet(*row, row.fakes.settings);
-    EXPECT_EQ(interval->guid, "i");
-    EXPECT_EQ(interval->from, at(from));
-    EXPECT_EQ(interval->to, std::nullopt);
+    EXPECT_EQ(interval.guid, "i");
+    EXPECT_EQ(interval.from, at(from));
+    EXPECT_EQ(interval.to, std::nullopt);
   }
 }
 
