@@ -1,0 +1,76 @@
+#include <algorithm>
+
+#include "cli/commands.h"
+#include "cli/context.h"
+#include "cli/doctor.h"
+#include "cli/json_container.h"
+#include "cli/other_program.h"
+#include "cli/sample_container.h"
+#include "cli/terminal_text.h"
+#include "cli/text_table.h"
+#include "platform/file_manager.h"
+#include "platform/linux/cloud_database.h"
+
+namespace brevant {
+namespace {
+
+ExitCode listRecords(Context& context) {
+  const std::optional<FileUrl> container = context.platform.files.containerUrl(kAppGroupIdentifier);
+  const std::vector<CloudRecord> records = savedCloudRecords(
+      cloudDirectory(container ? container->path() : ""), kCloudContainerIdentifier);
+  if (context.options.json) {
+    context.print(cloudRecordsJson(records));
+    return ExitCode::kDone;
+  }
+  for (const CloudRecord& record : records) {
+    context.printLine(printable(record.recordType + "  " + record.recordName));
+  }
+  return ExitCode::kDone;
+}
+
+std::string findingsText(const std::vector<Finding>& findings) {
+  TextTable table;
+  for (const Finding& finding : findings) {
+    table.add({{finding.check}, {stateName(finding.state)}, {printable(finding.message)}});
+    if (!finding.advice.empty()) table.add({{""}, {""}, {"→ " + finding.advice}});
+  }
+  return table.text(Colors::kNone);
+}
+
+ExitCode runDoctor(Context& context) {
+  if (context.notifications == nullptr) {
+    if (const auto program = sessionProgram()) {
+      return context.refuse(become(*program, context.arguments));
+    }
+  }
+  const std::vector<Finding> findings = examine(context);
+  context.print(context.options.json ? findingsJson(findings) : findingsText(findings));
+  const auto problems = std::count_if(findings.begin(), findings.end(), [](const Finding& finding) {
+    return finding.state == Finding::State::kProblem;
+  });
+  return problems == 0 ? ExitCode::kDone
+                       : context.refuse("problems found: " + std::to_string(problems));
+}
+
+ExitCode makeSample(Context& context, const std::string& directory) {
+  const auto trouble = makeSampleContainer(context, directory);
+  if (trouble) return context.refuse(*trouble);
+  if (context.options.json) return context.done();
+  context.printLine("A container to try everything on: " + printable(directory));
+  context.printLine("  brevant status --container " + printable(directory));
+  return ExitCode::kDone;
+}
+
+}  // namespace
+
+void addContainerCommands(CommandLine& line) {
+  line.command("cloud", "List the saved cloud records", "brevant cloud --json").run(listRecords);
+  line.command("doctor", "Check everything that is needed, and say what to do", "brevant doctor")
+      .run(runDoctor);
+  const Command sample = line.command("sample", "Make a container to try everything on",
+                                      "brevant sample ~/brevant-sample");
+  const auto directory = sample.text("DIR", "The new container");
+  sample.run([directory](Context& context) { return makeSample(context, *directory); });
+}
+
+}  // namespace brevant

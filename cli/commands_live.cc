@@ -1,0 +1,175 @@
+#include <algorithm>
+
+#include "cli/commands.h"
+#include "cli/context.h"
+#include "cli/files.h"
+#include "cli/json_widget.h"
+#include "cli/terminal_text.h"
+#include "cli/text_table.h"
+#include "cli/text_time.h"
+#include "live/activity_attribute.h"
+#include "live/live_activity_widget.h"
+#include "platform/clock.h"
+#include "platform/live_activities.h"
+#include "platform/process_info.h"
+
+namespace brevant {
+namespace {
+
+struct Unreadable {
+  std::string why;
+};
+
+// The content state on stdin, decoded and coded anew: what is stored is always well formed.
+std::variant<std::string, Unreadable> codedInput(const Context& context) {
+  const std::optional<std::string> input = readInput();
+  if (!input) return Unreadable{"the input could not be read"};
+  const Decoded<ContentState> decoded = ContentState::decoded(context.platform.coder, *input);
+  if (const auto* error = std::get_if<DecodingError>(&decoded)) {
+    return Unreadable{"the content state does not decode: " + error->message};
+  }
+  std::optional<std::string> coded =
+      std::get<ContentState>(decoded).encoded(context.platform.coder);
+  if (!coded) return Unreadable{"the content state cannot be encoded"};
+  return std::move(*coded);
+}
+
+ExitCode decode(Context& context) {
+  const auto coded = codedInput(context);
+  if (const auto* error = std::get_if<Unreadable>(&coded)) return context.refuse(error->why);
+  context.printLine(std::get<std::string>(coded));
+  return ExitCode::kDone;
+}
+
+ExitCode start(Context& context) {
+  const auto coded = codedInput(context);
+  if (const auto* error = std::get_if<Unreadable>(&coded)) return context.refuse(error->why);
+  const auto result = context.platform.liveActivities.start(std::get<std::string>(coded));
+  if (const auto* error = std::get_if<LiveActivityError>(&result)) {
+    return context.refuse(error->message);
+  }
+  const std::string& id = std::get<StartedLiveActivity>(result).id;
+  context.print(context.options.json ? liveActivityIdJson(id) : id + '\n');
+  return ExitCode::kDone;
+}
+
+std::vector<LiveActivity> listed(Context& context, bool endedToo) {
+  const LiveActivityCenter& center = context.platform.liveActivities;
+  return endedToo ? center.allActivities() : center.activities();
+}
+
+ExitCode list(Context& context, bool endedToo) {
+  const std::vector<LiveActivity> activities = listed(context, endedToo);
+  if (context.options.json) {
+    context.print(liveActivitiesJson(activities));
+    return ExitCode::kDone;
+  }
+  TextTable table;
+  for (const LiveActivity& activity : activities) {
+    const auto state = ContentState::decoded(context.platform.coder, activity.contentState);
+    const auto* content = std::get_if<ContentState>(&state);
+    const bool isActive = activity.state == LiveActivityState::kActive;
+    table.add({{printable(activity.id)},
+               {isActive ? "active" : "ended"},
+               {content == nullptr ? "" : printable(content->typeName)},
+               {content == nullptr ? "" : dateText(content->start, context.platform.calendar)}});
+  }
+  context.print(table.text(Colors::kNone));
+  return ExitCode::kDone;
+}
+
+bool isRunning(Context& context, const std::string& id) {
+  const auto activities = context.platform.liveActivities.activities();
+  return std::any_of(activities.begin(), activities.end(),
+                     [&id](const LiveActivity& activity) { return activity.id == id; });
+}
+
+ExitCode refuseChange(Context& context, const std::string& id) {
+  return isRunning(context, id) ? context.refuse("the Live Activity could not be changed: " + id)
+                                : context.refuse("there is no running Live Activity " + id);
+}
+
+ExitCode update(Context& context, const std::string& id) {
+  constexpr std::size_t kMostContent = 4096;
+  const auto coded = codedInput(context);
+  if (const auto* error = std::get_if<Unreadable>(&coded)) return context.refuse(error->why);
+  const std::string& content = std::get<std::string>(coded);
+  if (content.size() > kMostContent) {
+    return context.refuse("the content state has more than " + std::to_string(kMostContent) +
+                          " bytes");
+  }
+  if (!context.platform.liveActivities.update(id, content)) return refuseChange(context, id);
+  return context.done();
+}
+
+ExitCode end(Context& context, const std::string& id) {
+  if (!context.platform.liveActivities.end(id, DismissalPolicy::kImmediate)) {
+    return refuseChange(context, id);
+  }
+  return context.done();
+}
+
+std::optional<LiveActivity> chosen(const Context& context, const std::optional<std::string>& id) {
+  for (LiveActivity& activity : context.platform.liveActivities.activities()) {
+    if (!id || activity.id == *id) return std::move(activity);
+  }
+  return std::nullopt;
+}
+
+ExitCode show(Context& context, const std::optional<std::string>& id) {
+  if (context.platform.process.systemVersion() < kLiveActivities) {
+    return context.refuse("system version " + context.options.systemVersion +
+                          " has no Live Activities");
+  }
+  const std::optional<LiveActivity> activity = chosen(context, id);
+  if (!activity) return context.refuse("there is no running Live Activity" + (id ? ' ' + *id : ""));
+  const auto decoded = ContentState::decoded(context.platform.coder, activity->contentState);
+  if (const auto* error = std::get_if<DecodingError>(&decoded)) {
+    return context.refuse("the content state does not decode: " + error->message);
+  }
+  const auto& state = std::get<ContentState>(decoded);
+  if (!context.options.json) {
+    const double elapsed = (context.platform.clock.now() - state.start).count();
+    context.printLine(printable(state.typeName) + "  " + durationText(wholeSeconds(elapsed)));
+    return ExitCode::kDone;
+  }
+  const LiveActivityWidget widget(context.platform);
+  context.print(presentationJson(widget.kind, *activity,
+                                 widget.body(state, context.options.colorScheme),
+                                 context.platform.images));
+  return ExitCode::kDone;
+}
+
+}  // namespace
+
+void addLiveCommands(CommandLine& line) {
+  const Command live = line.group("live", "Start, show and end Live Activities");
+  live.command("start", "Start one with the content state on stdin",
+               "brevant live start < content.json")
+      .run(start);
+
+  const Command listing =
+      live.command("list", "List the running Live Activities", "brevant live list --all --json");
+  const auto all = listing.flag("--all", "Also those that ended within a day");
+  listing.run([all](Context& context) { return list(context, *all); });
+
+  const Command updating = live.command("update", "Replace the content state by that on stdin",
+                                        "brevant live update ID < content.json");
+  const auto updated = updating.text("ID", "The Live Activity");
+  updating.run([updated](Context& context) { return update(context, *updated); });
+
+  const Command ending = live.command("end", "End a Live Activity", "brevant live end ID");
+  const auto ended = ending.text("ID", "The Live Activity");
+  ending.run([ended](Context& context) { return end(context, *ended); });
+
+  const Command showing =
+      live.command("show", "Show the presentations of one", "brevant live show --json");
+  const auto shown = showing.optionalText("ID", "The Live Activity (default: the first)");
+  showing.run([shown](Context& context) { return show(context, *shown); });
+
+  live.command("decode", "Check the content state on stdin and answer it coded anew",
+               "brevant live decode < content.json")
+      .run(decode);
+}
+
+}  // namespace brevant

@@ -1,0 +1,77 @@
+#include <cstdlib>
+
+#include "cli/commands.h"
+#include "cli/context.h"
+#include "cli/files.h"
+#include "cli/other_program.h"
+#include "cli/values.h"
+#include "manager/widget_manager.h"
+#include "platform/image_codec.h"
+
+namespace brevant {
+namespace {
+
+ExitCode saveIcon(Context& context, const std::optional<std::string>& name, std::uint64_t color,
+                  const std::string& file) {
+  const ImageRef image = WidgetManager::open(context.platform)->imageForGuid(name, color);
+  if (!image) return context.refuse("there is no icon " + name.value_or(""));
+  const auto png = context.platform.images.encodePng(*image);
+  if (!png) return context.refuse("the icon cannot be written as PNG");
+  const std::string error = writeFile(file, *png);
+  return error.empty() ? context.done() : context.refuse(error);
+}
+
+// The options for all commands, as the drawing program wants to be given them.
+std::vector<std::string> globalWords(const Context& context) {
+  std::vector<std::string> words{
+      "--container",      context.container,
+      "--system-version", context.options.systemVersion,
+      "--color-scheme",   context.options.colorScheme == ColorScheme::kDark ? "dark" : "light"};
+  if (context.options.now) {
+    words.insert(words.end(), {"--now", exactText(*context.options.now)});
+  }
+  if (context.options.isiOSAppOnMac) words.emplace_back("--ios-app-on-mac");
+  return words;
+}
+
+ExitCode drawPicture(Context& context, const std::string& surface,
+                     const std::optional<std::string>& scale, const std::string& file) {
+  const std::optional<std::string> program = desktopProgram();
+  if (!program) {
+    return context.refuse(
+        "brevant-desktop, which draws the pictures, is not there: install it or "
+        "name it in BREVANT_DESKTOP");
+  }
+  std::vector<std::string> words = globalWords(context);
+  words.insert(words.end(), {"--picture", surface, "-o", file, "--scale", scale.value_or("2")});
+  setenv("BREVANT", ownPath().c_str(), 1);  // the program asks this one for what it draws
+  return context.refuse(become(*program, words));
+}
+
+}  // namespace
+
+void addPictureCommands(CommandLine& line) {
+  const Command icon = line.command("icon", "Save a category's icon in a colour",
+                                    "brevant icon cat_7 --color 0x336699 -o icon.png");
+  const auto name =
+      icon.optionalText("NAME", "The icon's name or guid (default: the default icon)");
+  const auto color = icon.number("--color", "The colour as a number: 0xRRGGBB");
+  const auto iconFile = icon.text("-o,--output", "The file");
+  icon.run([name, color, iconFile](Context& context) {
+    return saveIcon(context, *name, *color, *iconFile);
+  });
+
+  const Command picture = line.command("picture", "Draw a widget or a Live Activity",
+                                       "brevant picture medium --color-scheme dark -o medium.png");
+  const auto surface = picture.word(
+      "SURFACE", "",
+      {"small", "medium", "lock-screen", "island-compact", "island-minimal", "island-expanded"});
+  const auto scale =
+      picture.optionalWord("--scale", "Pixels per point (default: 2)", {"1", "2", "3"});
+  const auto pictureFile = picture.text("-o,--output", "The file");
+  picture.run([surface, scale, pictureFile](Context& context) {
+    return drawPicture(context, *surface, *scale, *pictureFile);
+  });
+}
+
+}  // namespace brevant

@@ -1,0 +1,127 @@
+#include "cli/commands.h"
+#include "cli/context.h"
+#include "cli/json_widget.h"
+#include "cli/terminal_text.h"
+#include "cli/text_table.h"
+#include "cli/text_time.h"
+#include "live/live_activity_widget.h"
+#include "live/stop_activity_live_intent.h"
+#include "platform/bundle.h"
+#include "platform/task_queue.h"
+#include "widget/stop_activity_intent.h"
+#include "widget/widgets_collection.h"
+
+namespace brevant {
+namespace {
+
+ExitCode printWidgets(Context& context) {
+  const WidgetsCollection collection(
+      context.platform, [&context] { return LiveActivityWidget(context.platform).bundled(); });
+  const std::vector<BundledWidget> widgets = collection.body();
+  if (context.options.json) {
+    context.print(widgetsJson(widgets));
+    return ExitCode::kDone;
+  }
+  const Bundle& bundle = context.platform.bundle;
+  TextTable table;
+  for (const BundledWidget& widget : widgets) {
+    table.add({{widget.kind},
+               {widget.homeScreen ? bundle.localizedString(widget.homeScreen->displayName) : ""},
+               {widget.homeScreen ? bundle.localizedString(widget.homeScreen->description) : ""}});
+  }
+  context.print(table.text(Colors::kNone));
+  return ExitCode::kDone;
+}
+
+std::string textOf(const WidgetContent& entry, const Context& context) {
+  if (entry.guid.empty()) {
+    return context.platform.bundle.localizedString("complication.no_running") + '\n';
+  }
+  const std::uint64_t elapsed = wholeSeconds((entry.date - entry.start).count());
+  std::string line = printable(entry.name) + "  " + durationText(elapsed);
+  if (entry.duration != 0) {
+    const double total = (entry.date - entry.start).count() + static_cast<double>(entry.duration);
+    line += "  " + durationText(wholeSeconds(total)) + " in all";
+  }
+  return line + '\n';
+}
+
+ExitCode printTimeline(Context& context) {
+  context.warnIfNoDatabase();
+  const StaticConfiguration widget = RunningWidget(context.platform).body();
+  std::optional<Timeline<WidgetContent>> timeline;
+  widget.provider->getTimeline(
+      [&timeline](Timeline<WidgetContent> delivered) { timeline = std::move(delivered); });
+  if (context.options.json) {
+    context.print(
+        timelineJson(widget, timeline, context.options.colorScheme, context.platform.images));
+  } else if (!timeline) {
+    context.warn("the running activity's category is not there, so there is nothing to show");
+  } else {
+    for (const WidgetContent& entry : timeline->entries) context.print(textOf(entry, context));
+  }
+  return context.doneReading();
+}
+
+ExitCode printEntry(Context& context, const StaticConfiguration& widget,
+                    const WidgetContent& entry) {
+  context.print(context.options.json
+                    ? entryJson(widget, entry, context.options.colorScheme, context.platform.images)
+                    : textOf(entry, context));
+  return ExitCode::kDone;
+}
+
+ExitCode printSnapshot(Context& context) {
+  const StaticConfiguration widget = RunningWidget(context.platform).body();
+  ExitCode code = ExitCode::kNotDone;
+  widget.provider->getSnapshot(
+      [&](const WidgetContent& entry) { code = printEntry(context, widget, entry); });
+  return code;
+}
+
+ExitCode printPlaceholder(Context& context) {
+  const StaticConfiguration widget = RunningWidget(context.platform).body();
+  return printEntry(context, widget, widget.provider->placeholder());
+}
+
+ExitCode performIntent(Context& context, const std::string& name, const std::string& activityId,
+                       const std::string& operation) {
+  context.warnIfNoDatabase();
+  if (name == StopActivityIntent::kName) {
+    StopActivityIntent(activityId, operation).perform(context.platform);
+  } else {
+    StopActivityLiveIntent(activityId, operation).perform(context.platform);
+  }
+  context.platform.tasks.waitUntilIdle();
+  if (const auto failure = context.log.failure()) {
+    return context.refuse("nothing was changed in the database: " + *failure);
+  }
+  return context.done();
+}
+
+}  // namespace
+
+void addWidgetCommands(CommandLine& line) {
+  line.command("widgets", "List the widgets that the system version has",
+               "brevant widgets --system-version 16.0")
+      .run(printWidgets);
+  line.command("timeline", "Show the widget's timeline with its views", "brevant timeline --json")
+      .run(printTimeline);
+  line.command("snapshot", "Show the widget's entry for the gallery", "brevant snapshot --json")
+      .run(printSnapshot);
+  line.command("placeholder", "Show the widget's entry before there is any",
+               "brevant placeholder --json")
+      .run(printPlaceholder);
+
+  const Command intent = line.command("intent", "Perform what a widget's button asks for",
+                                      "brevant intent StopActivityIntent GUID pause");
+  const auto name =
+      intent.word("NAME", "", {StopActivityIntent::kName, StopActivityLiveIntent::kName});
+  const auto activityId = intent.text("ACTIVITY_ID", "The activity's guid");
+  const auto operation = intent.text("OPERATION", "stop or pause; nothing else does anything");
+  intent.run([name, activityId, operation](Context& context) {
+    return performIntent(context, *name, *activityId, *operation);
+  });
+}
+
+}  // namespace brevant

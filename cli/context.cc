@@ -1,0 +1,89 @@
+#include "cli/context.h"
+
+#include <cstdio>
+
+#include "cli/database_place.h"
+#include "cli/terminal_text.h"
+#include "manager/widget_manager.h"
+#include "platform/task_queue.h"
+
+namespace brevant {
+namespace {
+
+LinuxPlatformOptions platformOptions(const GlobalOptions& options, const std::string& container) {
+  LinuxPlatformOptions result;
+  result.container = container;
+  result.now = options.now;
+  result.systemVersion = options.systemVersion;
+  result.isiOSAppOnMac = options.isiOSAppOnMac;
+  result.resources = resourcesBesideProgram();
+  return result;
+}
+
+Platform watched(const Platform& real, RandomSource& random, Log& log) {
+  return {real.clock,  real.calendar,      real.files,          real.settings, real.bundle,
+          real.images, real.caseMapping,   real.coder,          real.process,  random,
+          real.cloud,  real.notifications, real.liveActivities, real.tasks,    log};
+}
+
+}  // namespace
+
+Context::Context(const GlobalOptions& globalOptions, std::vector<std::string> words,
+                 NotificationService* service)
+    : options(globalOptions),
+      arguments(std::move(words)),
+      notifications(service),
+      container(options.container.value_or(defaultContainer())),
+      services_(platformOptions(options, container)),
+      log(services_.platform().log),
+      random(services_.platform().random),
+      platform(watched(services_.platform(), random, log)) {}
+
+// Tasks may still use the decorators, which go before the services that would wait for them.
+Context::~Context() {
+  platform.tasks.waitUntilIdle();
+}
+
+void Context::printLine(std::string_view text) {
+  answer_ += text;
+  answer_ += '\n';
+}
+
+void Context::warn(std::string_view message) const {
+  const std::string line = "brevant: " + printable(message) + '\n';
+  std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+ExitCode Context::refuse(std::string_view why) const {
+  warn(why);
+  return ExitCode::kNotDone;
+}
+
+ExitCode Context::done() {
+  if (options.json) print("{}\n");
+  return ExitCode::kDone;
+}
+
+void Context::warnIfNoDatabase() const {
+  if (const std::optional<std::string> trouble = missingDatabase(platform.files)) warn(*trouble);
+}
+
+std::unique_ptr<WidgetManager> Context::openForReading() {
+  warnIfNoDatabase();
+  return WidgetManager::open(platform);
+}
+
+ExitCode Context::doneReading() {
+  const std::optional<std::string> failure = log.failure();
+  if (!failure) return ExitCode::kDone;
+  answer_.clear();
+  return refuse("the database could not be read: " + *failure);
+}
+
+ExitCode Context::deliverAnswer(ExitCode code) const {
+  const bool written = std::fwrite(answer_.data(), 1, answer_.size(), stdout) == answer_.size();
+  if (std::fflush(stdout) == 0 && written) return code;
+  return refuse("the answer could not be written");
+}
+
+}  // namespace brevant

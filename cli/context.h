@@ -1,0 +1,74 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/exit_code.h"
+#include "cli/global_options.h"
+#include "cli/recording_random.h"
+#include "cli/watched_log.h"
+#include "platform/linux/linux_platform.h"
+#include "platform/platform.h"
+
+namespace brevant {
+
+class NotificationService;
+class WidgetManager;
+
+// What a command is run with: the options, the platform and the way to answer. Owns the platform's
+// services for the life of the process. Answers are collected and printed when the command is
+// done, so that a command that fails prints none; messages go to stderr at once.
+class Context {
+ public:
+  // `notifications` is borrowed, and null in the program that has none.
+  Context(const GlobalOptions& options, std::vector<std::string> arguments,
+          NotificationService* notifications);
+  ~Context();
+  Context(const Context&) = delete;
+  Context& operator=(const Context&) = delete;
+
+  void print(std::string_view text) { answer_ += text; }
+  void printLine(std::string_view text);
+
+  // One line on stderr, in which nothing can play tricks on a terminal.
+  void warn(std::string_view message) const;
+  // The same, for an exit code of "not done".
+  ExitCode refuse(std::string_view why) const;
+
+  // For a command that has an effect and nothing to tell: an empty object where JSON is expected.
+  ExitCode done();
+
+  // Says on stderr when the shared database is not there, and why.
+  void warnIfNoDatabase() const;
+
+  // Opens the shared database for queries; they are empty when it is not there.
+  std::unique_ptr<WidgetManager> openForReading();
+
+  // Refuses, with the answer that was printed so far taken back, when the database told of a
+  // failure: what was read may then not be what is stored.
+  ExitCode doneReading();
+
+  // Writes the collected answer. Not done when it could not be written.
+  ExitCode deliverAnswer(ExitCode code) const;
+
+  const GlobalOptions options;
+  const std::vector<std::string> arguments;  // all words of the command line
+  NotificationService* const notifications;
+  const std::string container;  // as it was asked for; relative to the working directory
+
+ private:
+  LinuxPlatform services_;
+
+ public:
+  WatchedLog log;
+  RecordingRandom random;
+  // The services with the two decorators above in their places.
+  const Platform platform;
+
+ private:
+  std::string answer_;
+};
+
+}  // namespace brevant

@@ -1,0 +1,39 @@
+#include "cli/database_place.h"
+
+#include "platform/container_path.h"
+
+namespace brevant {
+namespace {
+
+std::string withoutFinalSlash(std::string path) {
+  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+  return path;
+}
+
+// The database's path begins with three slashes; people write one.
+std::string withOneSlash(std::string path) {
+  path.erase(0, std::min(path.find_first_not_of('/'), path.size()));
+  return '/' + path;
+}
+
+}  // namespace
+
+std::optional<std::string> missingDatabase(const FileManager& files) {
+  const std::optional<std::string> path = containerPath(files, kDatabaseFile);
+  const std::optional<FileUrl> url = files.containerUrl(kAppGroupIdentifier);
+  if (!path || !url) return "there is no container";
+  if (files.fileExists(*path)) return std::nullopt;
+
+  const std::string container = withoutFinalSlash(url->path());
+  if (!files.fileExists(container)) {
+    return "there is no container at " + container + " (brevant sample DIR makes one to try)";
+  }
+  const std::string looked = withOneSlash(*path);
+  if (looked != url->appendingPathComponent(kDatabaseFile).path()) {
+    return "the path of the container needs percent escapes, so its database is looked for at " +
+           looked + ": move the container to a path without spaces and other special characters";
+  }
+  return "there is no database at " + looked;
+}
+
+}  // namespace brevant

@@ -1,0 +1,9 @@
+#include "cli/json.h"
+
+namespace brevant {
+
+std::string printed(const Json& json) {
+  return json.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+}  // namespace brevant

@@ -1,0 +1,15 @@
+// What lies around the log, in JSON.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/doctor.h"
+#include "platform/cloud_database.h"
+
+namespace brevant {
+
+std::string cloudRecordsJson(const std::vector<CloudRecord>& records);
+std::string findingsJson(const std::vector<Finding>& findings);
+
+}  // namespace brevant

@@ -1,0 +1,5 @@
+#include "cli/program.h"
+
+int main(int argc, char** argv) {
+  return brevant::runProgram(argc, argv, nullptr);
+}

@@ -1,0 +1,64 @@
+#include "cli/other_program.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <sstream>
+#include <unistd.h>
+
+namespace brevant {
+namespace {
+
+constexpr const char* kDesktopProgram = "brevant-desktop";
+
+bool canRun(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error) && access(path.c_str(), X_OK) == 0;
+}
+
+std::optional<std::string> onPath(const std::string& name) {
+  const char* path = std::getenv("PATH");
+  std::istringstream folders(path == nullptr ? "" : path);
+  for (std::string folder; std::getline(folders, folder, ':');) {
+    const std::string candidate = (folder.empty() ? "." : folder) + '/' + name;
+    if (canRun(candidate)) return candidate;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::string ownPath() {
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/self/exe", error).string();
+}
+
+std::optional<std::string> sessionProgram() {
+  const auto prefix = std::filesystem::path(ownPath()).parent_path().parent_path();
+  const std::string program = prefix / "libexec/brevant-session";
+  return canRun(program) ? std::optional(program) : std::nullopt;
+}
+
+std::optional<std::string> desktopProgram() {
+  const char* named = std::getenv("BREVANT_DESKTOP");
+  if (named != nullptr && *named != '\0') {
+    return canRun(named) ? std::optional<std::string>(named) : std::nullopt;
+  }
+  const std::string beside = std::filesystem::path(ownPath()).parent_path() / kDesktopProgram;
+  return canRun(beside) ? std::optional(beside) : onPath(kDesktopProgram);
+}
+
+std::string become(const std::string& program, const std::vector<std::string>& arguments) {
+  std::vector<std::string> words{program};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  std::vector<char*> pointers;
+  for (std::string& word : words) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
+  std::fflush(nullptr);
+  execv(program.c_str(), pointers.data());
+  return program + ": " + std::strerror(errno);
+}
+
+}  // namespace brevant

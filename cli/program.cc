@@ -1,0 +1,29 @@
+#include "cli/program.h"
+
+#include <span>
+
+#include "cli/command_line.h"
+#include "cli/commands.h"
+#include "cli/context.h"
+
+namespace brevant {
+
+int runProgram(int argc, const char* const* argv, NotificationService* notifications) {
+  const std::span<const char* const> words(argv, static_cast<std::size_t>(argc));
+  CommandLine line(words.empty() ? words : words.subspan(1));
+  addStatusCommand(line);
+  addQueryCommands(line);
+  addChangeCommands(line);
+  addWidgetCommands(line);
+  addLiveCommands(line);
+  addReminderCommands(line);
+  addPictureCommands(line);
+  addLinkCommand(line);
+  addContainerCommands(line);
+
+  if (const std::optional<ExitCode> code = line.parse()) return static_cast<int>(*code);
+  Context context(line.options(), line.arguments(), notifications);
+  return static_cast<int>(context.deliverAnswer(line.run(context)));
+}
+
+}  // namespace brevant

@@ -1,0 +1,42 @@
+#include "cli/terminal.h"
+
+#include <cstdlib>
+#include <string_view>
+#include <unistd.h>
+
+namespace brevant {
+namespace {
+
+std::string_view environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? std::string_view() : std::string_view(value);
+}
+
+// The nearest of the 6 x 6 x 6 colours that every such terminal has.
+unsigned cubeColor(unsigned red, unsigned green, unsigned blue) {
+  const auto step = [](unsigned level) { return (level * 5 + 127) / 255; };
+  return 16 + 36 * step(red) + 6 * step(green) + step(blue);
+}
+
+}  // namespace
+
+Colors colorsOfStdout() {
+  if (isatty(STDOUT_FILENO) == 0 || std::getenv("NO_COLOR") != nullptr) return Colors::kNone;
+  const std::string_view depth = environment("COLORTERM");
+  if (depth == "truecolor" || depth == "24bit") return Colors::kMillions;
+  return environment("TERM").ends_with("256color") ? Colors::k256 : Colors::kNone;
+}
+
+std::string painted(const std::string& text, std::optional<std::uint64_t> color, Colors colors) {
+  if (!color || colors == Colors::kNone) return text;
+  const auto red = static_cast<unsigned>(*color >> 16U & 255U);
+  const auto green = static_cast<unsigned>(*color >> 8U & 255U);
+  const auto blue = static_cast<unsigned>(*color & 255U);
+  const std::string code =
+      colors == Colors::kMillions
+          ? "2;" + std::to_string(red) + ';' + std::to_string(green) + ';' + std::to_string(blue)
+          : "5;" + std::to_string(cubeColor(red, green, blue));
+  return "\x1b[38;" + code + 'm' + text + "\x1b[0m";
+}
+
+}  // namespace brevant

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace brevant {
+
+enum class Colors { kNone, k256, kMillions };
+
+// What stdout can show: no colours unless it is a terminal, and none where NO_COLOR is set.
+Colors colorsOfStdout();
+
+// `text` in a colour 0xRRGGBB, or as it is.
+std::string painted(const std::string& text, std::optional<std::uint64_t> color, Colors colors);
+
+}  // namespace brevant

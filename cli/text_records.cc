@@ -1,0 +1,65 @@
+#include "cli/text_records.h"
+
+#include "cli/terminal_text.h"
+#include "cli/text_table.h"
+#include "cli/text_time.h"
+
+namespace brevant {
+namespace {
+
+using Cell = TextTable::Cell;
+
+enum class Guids { kHidden, kShown };
+
+constexpr const char* kRunning = "●";
+constexpr const char* kPaused = "○";
+constexpr const char* kGroup = "▾";
+
+void add(TextTable& table, const char* mark, const StatusItem& item, Guids guids,
+         const std::string& since) {
+  std::vector<Cell> row{{mark, item.color}, {nameText(item.name)}};
+  if (guids == Guids::kShown) row.push_back({printable(item.guid.value_or("-"))});
+  row.push_back({item.isRunning ? durationText(item.elapsed) : "paused", {}, Cell::Side::kRight});
+  row.push_back({durationText(item.total), {}, Cell::Side::kRight});
+  row.push_back({since.empty() ? "in all" : "in all, since " + since});
+  table.add(std::move(row));
+}
+
+std::string text(const Status& status, Guids guids, Date now, const Calendar& calendar,
+                 Colors colors) {
+  TextTable table;
+  for (const StatusItem& item : status.running) {
+    add(table, kRunning, item, guids, timeText(item.start, now, calendar));
+  }
+  for (const StatusItem& item : status.paused) add(table, kPaused, item, guids, "");
+  return table.text(colors);
+}
+
+}  // namespace
+
+std::string nameText(const std::optional<std::string>& name) {
+  return name ? printable(*name) : "(no category)";
+}
+
+std::string statusText(const Status& status, Date now, const Calendar& calendar, Colors colors) {
+  return text(status, Guids::kHidden, now, calendar, colors);
+}
+
+std::string activitiesText(const Status& status, Date now, const Calendar& calendar,
+                           Colors colors) {
+  return text(status, Guids::kShown, now, calendar, colors);
+}
+
+std::string categoriesText(const TypeList& types, Colors colors) {
+  TextTable table;
+  for (const TypeRef& type : types) {
+    const bool isGroup = dynamic_cast<const WidgetGroup*>(type.get()) != nullptr;
+    const std::string indent(static_cast<std::size_t>(type->nestingLevel) * 2, ' ');
+    table.add({{isGroup ? kGroup : kRunning, type->color},
+               {indent + nameText(type->name)},
+               {printable(type->guid.value_or("-"))}});
+  }
+  return table.text(colors);
+}
+
+}  // namespace brevant
