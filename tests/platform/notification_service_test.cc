@@ -1,12 +1,11 @@
 #include "platform/linux/notification_service.h"
 
 #include <gmock/gmock.h>
-#include <mutex>
 #include <poll.h>
-#include <sdbus-c++/sdbus-c++.h>
 #include <thread>
 
 #include "tests/support/child_program.h"
+#include "tests/support/notification_daemon.h"
 
 namespace brevant {
 namespace {
@@ -16,7 +15,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
-constexpr const char* kName = "org.freedesktop.Notifications";
 const NotificationContent kContent{"Remind", "A & <B>", {}, "default"};
 const std::vector<NotificationButton> kButtons{{"stop", "Stop"}, {"pause", "Pause"}};
 
@@ -41,54 +39,8 @@ class NotificationServiceTest : public testing::Test {
   const std::unique_ptr<NotificationService> service = makeNotificationService();
 };
 
-// What a desktop's notification daemon does, under the test's control.
-class Daemon {
- public:
-  explicit Daemon(std::vector<std::string> abilities) : abilities_(std::move(abilities)) {
-    object_->registerMethod("GetServerInformation").onInterface(kName).implementedAs([] {
-      return std::tuple<std::string, std::string, std::string, std::string>("Test", "", "1", "1.2");
-    });
-    object_->registerMethod("GetCapabilities").onInterface(kName).implementedAs([this] {
-      return abilities_;
-    });
-    object_->registerMethod("Notify").onInterface(kName).implementedAs(
-        [this](const std::string&, std::uint32_t, const std::string&, const std::string& title,
-               const std::string& body, const std::vector<std::string>& actions,
-               const std::map<std::string, sdbus::Variant>& hints, std::int32_t) {
-          const std::lock_guard lock(mutex_);
-          shown_ = {title, body};
-          shown_.insert(shown_.end(), actions.begin(), actions.end());
-          for (const auto& hint : hints) shown_.push_back(hint.first);
-          return std::uint32_t{7};
-        });
-    object_->registerSignal("ActionInvoked")
-        .onInterface(kName)
-        .withParameters<std::uint32_t, std::string>();
-    object_->finishRegistration();
-    connection_->requestName(kName);
-    connection_->enterEventLoopAsync();
-  }
-
-  void press(std::uint32_t id, const std::string& operation) {
-    object_->emitSignal("ActionInvoked").onInterface(kName).withArguments(id, operation);
-  }
-
-  std::vector<std::string> shown() {
-    const std::lock_guard lock(mutex_);
-    return shown_;
-  }
-
- private:
-  const std::vector<std::string> abilities_;
-  std::mutex mutex_;
-  std::vector<std::string> shown_;
-  std::unique_ptr<sdbus::IConnection> connection_ = sdbus::createSessionBusConnection();
-  std::unique_ptr<sdbus::IObject> object_ =
-      sdbus::createObject(*connection_, "/org/freedesktop/Notifications");
-};
-
 TEST_F(NotificationServiceTest, ShowsTextAndButtonsAsTheServiceCan) {
-  Daemon daemon({"actions", "body", "body-markup"});
+  test::NotificationDaemon daemon({"actions", "body", "body-markup"});
   EXPECT_TRUE(service->show(kContent, kButtons));
   EXPECT_THAT(daemon.shown(), ElementsAre("Remind", "A &amp; &lt;B&gt;", "stop", "Stop", "pause",
                                           "Pause", "desktop-entry", "sound-name"));
@@ -98,7 +50,7 @@ TEST_F(NotificationServiceTest, ShowsTextAndButtonsAsTheServiceCan) {
 }
 
 TEST_F(NotificationServiceTest, SparesAPlainServiceMarkupAndButtons) {
-  Daemon daemon({"body"});
+  test::NotificationDaemon daemon({"body"});
   EXPECT_TRUE(service->show({"Remind", "A & <B>", {}, ""}, kButtons));
   EXPECT_THAT(daemon.shown(), ElementsAre("Remind", "A & <B>", "desktop-entry", "suppress-sound"));
 }
@@ -107,13 +59,13 @@ TEST_F(NotificationServiceTest, SurvivesTheServiceAndTheBusComingAndGoing) {
   EXPECT_EQ(service->name(), std::nullopt);
   EXPECT_FALSE(service->show(kContent, {}));
   for (int i = 0; i < 2; ++i) {
-    const Daemon daemon({});
+    const test::NotificationDaemon daemon({});
     EXPECT_EQ(service->name(), "Test");
     EXPECT_TRUE(service->show(kContent, {}));
   }
   EXPECT_FALSE(service->show(kContent, {}));
   {
-    const Daemon daemon({});
+    const test::NotificationDaemon daemon({});
     EXPECT_TRUE(service->show(kContent, {}));
   }
   bus.end();
