@@ -1,0 +1,87 @@
+#include "tests/support/cli.h"
+
+namespace brevant::test {
+namespace {
+
+class Containers : public Cli {
+ protected:
+  // The state that the doctor gives each check.
+  std::map<std::string, std::string> checks() const {
+    const Outcome outcome = run({"doctor", "--json"});
+    std::map<std::string, std::string> states;
+    bool problem = false;
+    for (const Json& finding : Json::parse(outcome.out)) {
+      states[finding["check"]] = finding["state"];
+      problem = problem || finding["state"] == "problem";
+      EXPECT_EQ(finding["advice"].is_null(), finding["state"] == "ok") << finding;
+    }
+    EXPECT_EQ(outcome.exitCode, problem ? 1 : 0);
+    return states;
+  }
+};
+
+TEST_F(Containers, MadeAsSamplesAreSoundAndAlive) {
+  const std::string sample = path("sample");
+  EXPECT_EQ(run({"sample", sample}).exitCode, 0);
+  environment["BREVANT_CONTAINER"] = sample;
+  auto found = checks();
+  found.erase("notifications");  // not of this machine's making
+  for (const auto& [check, state] : found) EXPECT_EQ(state, "ok") << check;
+  const Json status = ask({"status"});
+  EXPECT_EQ(status["running"].size(), 1U);
+  EXPECT_GT(status["running"][0]["total"], status["running"][0]["elapsed"]);
+  EXPECT_EQ(status["paused"].size(), 1U);
+  EXPECT_GT(ask({"categories", "--leaves"}).size(), 10U);
+  EXPECT_EQ(run({"pause"}).exitCode, 0);
+  EXPECT_EQ(run({"sample", sample}).exitCode, 1);
+  EXPECT_EQ(ask({"status"})["paused"].size(), 2U);
+}
+
+TEST_F(Containers, ThatAreIllAreTold) {
+  addCategory("C", "Code");
+  EXPECT_EQ(checks()["database"], "ok");
+  database.run("UPDATE categories SET image_guid = '00000000-0000-0000-0000-000000000000'");
+  EXPECT_EQ(checks()["icons"], "problem");
+  write("Library/Preferences/group.brevant.plist", "<plist>");
+  EXPECT_EQ(checks()["settings"], "problem");
+  database.run("ALTER TABLE logs DROP COLUMN comment");
+  EXPECT_NE(run({"doctor"}).out.find("logs.comment"), std::string::npos);
+  write("database.sqlite", "This is no database at all, only text that goes on for a while.");
+  EXPECT_EQ(checks()["database"], "problem");
+  std::filesystem::create_directories(path("with space"));
+  environment["BREVANT_CONTAINER"] = path("with space");
+  EXPECT_NE(run({"doctor"}).out.find("with%20space/database.sqlite"), std::string::npos);
+}
+
+TEST_F(Containers, GiveIconsInAColour) {
+  const std::string file = path("icon.png");
+  EXPECT_EQ(run({"icon", "cat_7", "--color", "0x336699", "-o", file}).exitCode, 0);
+  EXPECT_GT(std::filesystem::file_size(file), 100U);
+  EXPECT_EQ(
+      run({"icon", "00000000-0000-0000-0000-000000000000", "--color", "1", "-o", file}).exitCode,
+      1);
+  EXPECT_EQ(run({"icon", "--color", "1", "-o", path("none/icon.png")}).exitCode, 1);
+}
+
+TEST_F(Containers, ArePicturedByTheDesktopHost) {
+  write("host", "#!/bin/sh\nprintf '%s\\n' \"$@\"; test -x \"$BREVANT\"");
+  std::filesystem::permissions(path("host"), std::filesystem::perms::owner_all);
+  environment["BREVANT_DESKTOP"] = path("host");
+  const Outcome outcome = run({"picture", "medium", "--color-scheme", "dark", "--scale", "3", "-o",
+                               "out.png", "--ios-app-on-mac"});
+  EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+  for (const std::string words :
+       {"--picture\nmedium\n", "-o\nout.png\n", "--scale\n3\n", "--color-scheme\ndark\n",
+        "--now\n1700000000\n", "--ios-app-on-mac\n", "--system-version\n17.0\n"}) {
+    EXPECT_NE(outcome.out.find(words), std::string::npos) << words;
+  }
+  EXPECT_NE(outcome.out.find("--container\n" + database.folder.string()), std::string::npos);
+
+  environment["BREVANT_DESKTOP"] = path("none");
+  const Outcome without = run({"picture", "medium", "-o", path("out.png")});
+  EXPECT_EQ(without.exitCode, 1);
+  EXPECT_NE(without.err.find("BREVANT_DESKTOP"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace brevant::test

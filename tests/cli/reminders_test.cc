@@ -1,0 +1,96 @@
+#include <csignal>
+#include <unistd.h>
+
+#include "tests/support/child_program.h"
+#include "tests/support/cli.h"
+#include "tests/support/notification_daemon.h"
+
+namespace brevant::test {
+namespace {
+
+class Reminders : public Cli {
+ protected:
+  // Every two hours from 22:13:20 on, of which only the hours 0 and 2 are on.
+  void SetUp() override {
+    write("Library/Preferences/group.brevant.plist",
+          "<plist version=\"1.0\"><dict><key>notifySettings</key><dict>"
+          "<key>notifyEnabled</key><true/><key>notifyMinutes</key><integer>120</integer>"
+          "<key>notifyIncludedHours</key><array><integer>1</integer><integer>3</integer></array>"
+          "</dict></dict></plist>");
+  }
+
+  static constexpr const char* kFirstDue = "1700007200";
+};
+
+TEST_F(Reminders, TellSettingsTimesAndWhatIsPending) {
+  const Json settings = ask({"reminders", "settings"});
+  EXPECT_EQ(settings["enabled"], true);
+  EXPECT_EQ(settings["minutes"], 120);
+  EXPECT_EQ(settings["type"], 0);
+  EXPECT_EQ(settings["includeHours"].size(), 24U);
+  EXPECT_EQ(settings["includeHours"][2], Json(std::vector<bool>(7, true)));
+  EXPECT_EQ(settings["includeHours"][3], Json(std::vector<bool>(7, false)));
+  EXPECT_EQ(settings["description"], "Every 2 hours");
+
+  EXPECT_EQ(ask({"reminders", "times"}), Json::array({1700007200.0, 1700014400.0}));
+  EXPECT_EQ(ask({"reminders", "schedule"}), Json::object());
+  const Json pending = ask({"reminders", "pending"});
+  ASSERT_EQ(pending.size(), 2U);
+  EXPECT_EQ(pending[0]["identifier"].get<std::string>().substr(0, 7), "remind-");
+  EXPECT_EQ(pending[0]["title"], "Remind");
+  EXPECT_EQ(pending[0]["body"], "What are you doing now?");
+  EXPECT_EQ(pending[0]["userInfo"], (Json{{"type", "notify"}}));
+  EXPECT_EQ(pending[0]["sound"], "default");
+  EXPECT_EQ(pending[1]["trigger"], (Json{{"year", 2023},
+                                         {"month", 11},
+                                         {"day", 15},
+                                         {"hour", 2},
+                                         {"minute", 13},
+                                         {"second", 20},
+                                         {"repeats", false}}));
+  EXPECT_EQ(run({"reminders", "cancel"}).exitCode, 0);
+  EXPECT_EQ(ask({"reminders", "pending"}), Json::array());
+}
+
+TEST_F(Reminders, StayPendingWithoutAService) {
+  environment["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=" + path("no-bus");
+  ask({"reminders", "schedule"});
+  EXPECT_EQ(run({"reminders", "deliver"}).exitCode, 0);  // nothing is due
+  now = kFirstDue;
+  const Outcome outcome = run({"reminders", "deliver"});
+  EXPECT_EQ(outcome.exitCode, 1);
+  EXPECT_TRUE(outcome.err.ends_with("what is due stays pending\n")) << outcome.err;
+  EXPECT_EQ(ask({"reminders", "pending"}).size(), 2U);
+}
+
+TEST_F(Reminders, AreShownWithButtonsThatChangeTheActivity) {
+  ChildProgram bus({"dbus-daemon", "--session", "--nofork", "--print-address=1"});
+  const std::string address = bus.readLine();
+  environment["DBUS_SESSION_BUS_ADDRESS"] = address;
+  setenv("DBUS_SESSION_BUS_ADDRESS", address.c_str(), 1);
+  NotificationDaemon daemon({"actions", "body"});
+  addCategory("C", "Code");
+  addActivity("A", "C", 1, "1699999000");
+  ask({"reminders", "schedule"});
+
+  now = kFirstDue;
+  Process watch(words({"reminders", "deliver", "--watch"}), environment);
+  const std::vector<std::string> shown = daemon.waitUntilShown();
+  ASSERT_GE(shown.size(), 6U);
+  EXPECT_EQ(shown[1], "What are you doing now? Now running: Code");
+  EXPECT_EQ((std::vector(shown.begin() + 2, shown.begin() + 6)),
+            (std::vector<std::string>{"stop A", "Stop", "pause A", "Pause"}));
+  // Until the program knows which notification it is that was shown, it hears of no press.
+  for (int i = 0; i < 300 && stateOf("A") == "1\n"; ++i) {
+    daemon.press(7, "pause A");
+    usleep(100'000);
+  }
+  EXPECT_EQ(stateOf("A"), "2\n");
+  EXPECT_EQ(ask({"reminders", "pending"}).size(), 1U);
+  watch.send(SIGTERM);
+  EXPECT_EQ(watch.wait().exitCode, 0);
+  unsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+}  // namespace
+}  // namespace brevant::test

@@ -1,0 +1,167 @@
+#include <csignal>
+
+#include "tests/support/cli.h"
+
+namespace brevant::test {
+namespace {
+
+class Widget : public Cli {
+ protected:
+  void SetUp() override {
+    addCategory("C", "Code", 0x3366AA);
+    addActivity("A", "C", 1, "1699999000.5");
+    addActivity("B", "C", 1, "1699999500");
+    addInterval("A", 1699990000, 1699990060);
+  }
+};
+
+TEST_F(Widget, TimelineHasTheEntryAndItsViews) {
+  const Json timeline = ask({"timeline"});
+  EXPECT_EQ(timeline["kind"], "running_widget");
+  EXPECT_EQ(timeline["policy"], "atEnd");
+  ASSERT_EQ(timeline["entries"].size(), 1U);
+  const Json& entry = timeline["entries"][0];
+  EXPECT_EQ(entry["guid"], "A");
+  EXPECT_EQ(entry["date"], 1700000000.0);
+  EXPECT_EQ(entry["name"], "Code");
+  EXPECT_EQ(entry["start"], 1699999000.5);
+  EXPECT_EQ(entry["duration"], 60);
+  EXPECT_EQ(entry["icon"]["width"].get<double>() * entry["icon"]["scale"].get<double>(),
+            entry["icon"]["height"].get<double>() * entry["icon"]["scale"].get<double>());
+  EXPECT_EQ(entry["icon"]["png"].get<std::string>().substr(0, 8), "iVBORw0K");
+  EXPECT_EQ(entry["views"].size(), 2U);
+  const auto medium = [this](const std::string& option, const std::string& value) {
+    return ask({"timeline", option, value})["entries"][0]["views"]["systemMedium"].dump();
+  };
+  EXPECT_NE(medium("--system-version", "17.0").find("StopActivityIntent"), std::string::npos);
+  EXPECT_NE(medium("--system-version", "16.0").find("\"style\":\"relative\""), std::string::npos);
+  EXPECT_NE(medium("--system-version", "16.0").find("action=pause&activity=A"), std::string::npos);
+  EXPECT_NE(medium("--color-scheme", "dark"), medium("--color-scheme", "light"));
+}
+
+TEST_F(Widget, AnswersNullEmptyOrTheSampleWhereNothingCanBeShown) {
+  EXPECT_EQ(ask({"snapshot"})["name"], "Sleep");
+  EXPECT_EQ(ask({"placeholder"})["guid"], "a");
+  database.run("DELETE FROM categories");
+  EXPECT_EQ(run({"timeline", "--json"}).out, "null\n");
+  database.run("DELETE FROM logs");
+  EXPECT_EQ(ask({"timeline"})["entries"][0]["guid"], "");
+}
+
+TEST_F(Widget, EndsTheProcessOnAFatalError) {
+  database.run("UPDATE categories SET name = NULL");
+  const Outcome outcome = run({"timeline", "--json"});
+  EXPECT_EQ(outcome.signal, SIGABRT);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_TRUE(outcome.err.starts_with("Fatal error: ")) << outcome.err;
+}
+
+TEST_F(Widget, IntentsPerformAndWaitForTheirTasks) {
+  EXPECT_EQ(ask({"intent", "StopActivityIntent", "A", "pause"}), Json::object());
+  EXPECT_EQ(stateOf("A"), "2\n");
+  EXPECT_EQ(ask({"intent", "StopActivityIntent", "A", "Stop"}), Json::object());
+  EXPECT_EQ(ask({"intent", "StopActivityIntent", "unknown", "stop"}), Json::object());
+  EXPECT_EQ(stateOf("A"), "2\n");
+
+  const std::string state = R"({"guid":"B","typeName":"Code","icon":"","color":1,)"
+                            R"("start":721692800,"message":""})";
+  ask({"live", "start"}, state);
+  EXPECT_EQ(ask({"intent", "StopActivityLiveIntent", "B", "stop", "--ios-app-on-mac"}),
+            Json::object());
+  EXPECT_EQ(stateOf("B"), "0\n");
+  EXPECT_EQ(ask({"live", "list"}), Json::array());
+  const Json records = ask({"cloud"});
+  ASSERT_EQ(records.size(), 1U);
+  EXPECT_EQ(records[0]["recordType"], "WidgetUpdate");
+  EXPECT_EQ(records[0]["fields"], (Json{{"deviceGuid", ""}}));
+}
+
+TEST_F(Widget, BundleFollowsTheSystemVersion) {
+  const Json home{{"kind", "running_widget"},
+                  {"displayName", "Runnning activity"},
+                  {"description", "Displays most recent started activity"},
+                  {"families", {"systemSmall", "systemMedium"}}};
+  const Json live{
+      {"kind", "LiveActivityWidget"}, {"displayName", {}}, {"description", {}}, {"families", {}}};
+  EXPECT_EQ(ask({"widgets", "--system-version", "16.0"}), Json::array({home}));
+  EXPECT_EQ(ask({"widgets", "--system-version", "16.1"}), Json::array({home, live}));
+}
+
+class LiveActivities : public Cli {
+ protected:
+  static constexpr const char* kState =
+      R"({"guid":"A","typeName":"Code","icon":"cat_2","color":18446744073709551615,)"
+      R"("start":700000000.25,"message":"<&>"})";
+};
+
+TEST_F(LiveActivities, KeepTheirContentOnTheWayThrough) {
+  EXPECT_EQ(run({"live", "decode"}, kState).out, std::string(kState) + '\n');
+  const std::string id = ask({"live", "start"}, kState)["id"];
+  const std::string second = run({"live", "start"}, kState).out;
+  const Json listed = ask({"live", "list"});
+  ASSERT_EQ(listed.size(), 2U);
+  EXPECT_EQ(listed[0],
+            (Json{{"id", id}, {"state", "active"}, {"contentState", Json::parse(kState)}}));
+  EXPECT_EQ(listed[1]["id"].get<std::string>() + '\n', second);
+
+  Json changed = Json::parse(kState);
+  changed["color"] = 0x3366AA;
+  changed["message"] = "pause";
+  EXPECT_EQ(run({"live", "update", id}, changed.dump()).exitCode, 0);
+  const Json shown = ask({"live", "show"});
+  EXPECT_EQ(shown["id"], id);
+  EXPECT_EQ(shown["kind"], "LiveActivityWidget");
+  EXPECT_EQ(shown["contentState"], changed);
+  EXPECT_TRUE(shown["lockScreen"].contains("view"));
+  for (const char* place : {"compactLeading", "compactTrailing", "minimal"}) {
+    EXPECT_TRUE(shown["dynamicIsland"][place].contains("view")) << place;
+  }
+  for (const char* place : {"leading", "trailing", "bottom"}) {
+    EXPECT_TRUE(shown["dynamicIsland"]["expanded"][place].contains("view")) << place;
+  }
+
+  EXPECT_EQ(run({"live", "end", id}).exitCode, 0);
+  EXPECT_EQ(ask({"live", "list"}).size(), 1U);
+  EXPECT_EQ(ask({"live", "list", "--all"})[0],
+            (Json{{"id", id}, {"state", "ended"}, {"contentState", changed}}));
+  EXPECT_EQ(run({"live", "end", id}).exitCode, 1);
+  EXPECT_EQ(run({"live", "update", id}, kState).exitCode, 1);
+  EXPECT_EQ(run({"live", "show", id}).exitCode, 1);
+}
+
+TEST_F(LiveActivities, RefuseWhatDoesNotDecodeOrFit) {
+  const std::string whole = kState;
+  const auto with = [&whole](const std::string& from, const std::string& to) {
+    return std::string(whole).replace(whole.find(from), from.size(), to);
+  };
+  const struct {
+    std::string input;
+    const char* told;
+  } cases[] = {{"", ""},
+               {"[]", ""},
+               {with("\"message\"", "\"Message\""), "message"},
+               {with("18446744073709551615", "-1"), "color"},
+               {with("18446744073709551615", "1.5"), "color"},
+               {with("700000000.25", "\"now\""), "start"},
+               {with("<&>", "\xff"), ""}};
+  for (const auto& [input, told] : cases) {
+    for (const char* command : {"decode", "start"}) {
+      const Outcome outcome = run({"live", command}, input);
+      EXPECT_EQ(outcome.exitCode, 1) << input;
+      EXPECT_EQ(outcome.out, "");
+      EXPECT_NE(outcome.err.find(told), std::string::npos) << outcome.err;
+    }
+  }
+  const std::string large = with("<&>", std::string(4096, 'x'));
+  EXPECT_EQ(run({"live", "start"}, large).exitCode, 1);
+  EXPECT_EQ(ask({"live", "list", "--all"}), Json::array());
+  const std::string id = ask({"live", "start"}, kState)["id"];
+  EXPECT_EQ(run({"live", "update", id}, large).exitCode, 1);
+  EXPECT_EQ(ask({"live", "list"})[0]["contentState"], Json::parse(kState));
+
+  EXPECT_EQ(run({"live", "show", "--system-version", "16.0"}).exitCode, 1);
+  EXPECT_EQ(run({"live", "show", "--json"}).signal, SIGABRT);  // a colour beyond 32 bits
+}
+
+}  // namespace
+}  // namespace brevant::test
