@@ -9,7 +9,8 @@ namespace brevant {
 // while it is, shows a ring when the keyboard reaches it, and is named for a screen reader.
 //
 // The host finds the controls of a card with findChildren<Control*>() and tells each how its
-// intent fares. A busy control ignores further clicks; a failed one shows so until told otherwise.
+// intent fares. A busy control ignores further clicks, and what its window shows that may be
+// outdated by it dims; a failed one shows so until told otherwise.
 class Control : public QAbstractButton {
   Q_OBJECT
  public:
@@ -18,16 +19,25 @@ class Control : public QAbstractButton {
   explicit Control(std::unique_ptr<QWidget> label, QWidget* parent = nullptr);
 
   [[nodiscard]] State state() const { return state_; }
-  void setState(State);
-
-  [[nodiscard]] QSize sizeHint() const override;
+  void setState(State state);
 
  protected:
-  void paintEvent(QPaintEvent*) override;
-  void nextCheckState() override;
+  [[nodiscard]] bool hitButton(const QPoint& position) const override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent*) override {}
 
  private:
+  class Ring;
+
+  void updateLook();
+
+  QWidget* label_;
+  Ring* ring_;
   State state_ = State::kReady;
+  bool reachedByKeyboard_ = false;
 };
 
 }  // namespace brevant

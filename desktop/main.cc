@@ -2,6 +2,7 @@
 
 #include "desktop/host.h"
 #include "desktop/options.h"
+#include "desktop/picture.h"
 #include "desktop/translate.h"
 
 int main(int argc, char** argv) {
@@ -14,7 +15,6 @@ int main(int argc, char** argv) {
   }
   const auto& options = std::get<brevant::Options>(parsed);
   brevant::useMessagesOfEnvironment();
-  if (!options.picture) return brevant::runHost(argc, argv, options);
-  std::fprintf(stderr, "brevant-desktop: nothing to show yet\n");
-  return 1;
+  if (options.picture) return brevant::drawPicture(argc, argv, options);
+  return brevant::runHost(argc, argv, options);
 }

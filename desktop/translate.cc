@@ -1,6 +1,5 @@
 #include "desktop/translate.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <clocale>
 #include <libintl.h>
@@ -23,7 +22,8 @@ QString localeOfEnvironment() {
 
 // The translations beside the program, so that a build tree and a moved installation work too.
 QByteArray localeFolder() {
-  const QFileInfo beside(QCoreApplication::applicationDirPath() + u"/../share/locale"_s);
+  const QString program = QFileInfo(u"/proc/self/exe"_s).canonicalPath();
+  const QFileInfo beside(program + u"/../share/locale"_s);
   return beside.isDir() ? beside.canonicalFilePath().toLocal8Bit() : QByteArray(BREVANT_LOCALE_DIR);
 }
 

@@ -1,0 +1,138 @@
+#include "desktop/picture.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QFontMetrics>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QProcess>
+#include <QSaveFile>
+#include <cstdio>
+
+#include "desktop/brevant_client.h"
+#include "desktop/fonts.h"
+#include "desktop/translate.h"
+
+namespace brevant {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int kFailed = 1, kWrongUsage = 2;
+constexpr int kPatience = 10'000;  // milliseconds for `brevant` to answer
+
+// A picture depends on what it shows alone, not on how this desktop is set up; nor does it wait for
+// anything that only windows need.
+void standApartFromTheDesktop() {
+  for (const char* name :
+       {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI", "QT_STYLE_OVERRIDE",
+        "QT_QPA_PLATFORMTHEME", "QT_ENABLE_HIGHDPI_SCALING", "QT_USE_PHYSICAL_DPI"}) {
+    qunsetenv(name);
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication::setDesktopSettingsAware(false);
+  QApplication::setStyle(u"fusion"_s);
+}
+
+// One line on stderr says what went wrong; what Qt finds odd about the machine is no part of it.
+void dropChatter(QtMsgType type, const QMessageLogContext&, const QString& message) {
+  if (type == QtFatalMsg) std::fprintf(stderr, "brevant-desktop: %s\n", qPrintable(message));
+}
+
+bool isTimeline(Surface surface) {
+  return surface == Surface::kSmall || surface == Surface::kMedium;
+}
+
+// What a picture shows, or why there is none.
+struct Shown {
+  int exitCode = 0;
+  QString error;
+  QJsonObject value;
+};
+
+Shown failed(const QString& why, int exitCode = kFailed) {
+  return {exitCode, why, {}};
+}
+
+Shown shownBy(QProcess& brevant, Surface surface) {
+  if (!brevant.waitForFinished(kPatience)) {
+    return failed(brevant.error() == QProcess::FailedToStart
+                      ? u"cannot run %1: %2"_s.arg(brevant.program(), brevant.errorString())
+                      : brevant.program() + u" does not answer"_s);
+  }
+  const QString said = QString::fromLocal8Bit(brevant.readAllStandardError()).trimmed();
+  if (brevant.exitStatus() != QProcess::NormalExit) {
+    return failed(u"%1 crashed: %2"_s.arg(brevant.program(), said.section(u'\n', -1)));
+  }
+  if (brevant.exitCode() != 0) {
+    return failed(said.section(u'\n', -1),
+                  brevant.exitCode() == kWrongUsage ? kWrongUsage : kFailed);
+  }
+  const QByteArray output = brevant.readAllStandardOutput().trimmed();
+  if (isTimeline(surface) && output == "null") return {};  // nothing to show
+  QJsonParseError error;
+  const QJsonDocument json = QJsonDocument::fromJson(output, &error);
+  if (error.error != QJsonParseError::NoError) {
+    return failed(u"%1 answered no JSON: %2"_s.arg(brevant.program(), error.errorString()));
+  }
+  if (!isTimeline(surface)) return {0, {}, json.object()};
+  return {0, {}, json["entries"_L1][0].toObject()};
+}
+
+QImage rendered(QWidget& card, double scale) {
+  card.resize(card.sizeHint());
+  QImage image((QSizeF(card.size()) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(scale);
+  image.fill(Qt::transparent);
+  card.render(&image, {}, {}, QWidget::DrawChildren);
+  return image;
+}
+
+bool save(const QImage& image, const QString& name, QString& error) {
+  QSaveFile file(name);
+  const bool saved = file.open(QIODevice::WriteOnly) && image.save(&file, "PNG") && file.commit();
+  if (!saved) error = u"%1: %2"_s.arg(name, file.errorString());
+  return saved;
+}
+
+int complain(const QString& what, int exitCode = kFailed) {
+  std::fprintf(stderr, "brevant-desktop: %s\n", qPrintable(what));
+  return exitCode;
+}
+
+}  // namespace
+
+int drawPicture(int argc, char** argv, const Options& options) {
+  standApartFromTheDesktop();
+  qInstallMessageHandler(dropChatter);
+  const QApplication application(argc, argv);
+  QCoreApplication::setLibraryPaths({});
+  const Options::Picture& picture = *options.picture;
+
+  QProcess brevant;
+  QStringList arguments = options.forBrevant;
+  arguments << u"--json"_s;
+  isTimeline(picture.surface) ? arguments << u"timeline"_s : arguments << u"live"_s << u"show"_s;
+  brevant.start(findBrevant(), arguments);
+  // The fonts are found while it works.
+  static_cast<void>(QFontMetrics(makeFont({})).height());
+
+  const Shown shown = shownBy(brevant, picture.surface);
+  if (shown.exitCode != 0) return complain(shown.error, shown.exitCode);
+
+  const double now =
+      options.now.value_or(static_cast<double>(QDateTime::currentMSecsSinceEpoch()) / 1000);
+  const DrawingContext context{options.colorScheme.value_or(ColorScheme::kLight),
+                               messagesLocale(),
+                               [now] { return now; },
+                               {},
+                               {}};
+  const std::unique_ptr<QWidget> card = buildSurface(picture.surface, shown.value, context);
+  QString error;
+  if (!save(rendered(*card, picture.scale), picture.file, error)) return complain(error);
+  return 0;
+}
+
+}  // namespace brevant
