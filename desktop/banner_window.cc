@@ -1,8 +1,10 @@
 #include "desktop/banner_window.h"
 
 #include <QJsonObject>
-#include <QVBoxLayout>
+#include <utility>
+#include <vector>
 
+#include "desktop/card_row.h"
 #include "desktop/spoken.h"
 #include "desktop/surface.h"
 
@@ -15,13 +17,10 @@ void BannerWindow::showActivities(const QJsonArray& presentations, const QString
   presentations_ = presentations;
   std::unique_ptr<QWidget> banners;
   if (!presentations.isEmpty()) {
-    banners = std::make_unique<QWidget>();
-    auto* layout = new QVBoxLayout(banners.get());
-    layout->setContentsMargins({});
-    layout->setSpacing(0);
+    std::vector<std::unique_ptr<QWidget>> cards;
     for (const QJsonValue& presentation : presentations)
-      layout->addWidget(
-          buildSurface(Surface::kLockScreen, presentation.toObject(), drawing()).release());
+      cards.push_back(buildSurface(Surface::kLockScreen, presentation.toObject(), drawing()));
+    banners = makeCardRow(std::move(cards), Qt::Vertical, drawing().locale.textDirection());
   }
   setContent(std::move(banners));
   setTrouble(trouble);

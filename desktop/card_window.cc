@@ -13,6 +13,7 @@
 #include <chrono>
 #include <utility>
 
+#include "desktop/card_row.h"
 #include "desktop/control.h"
 #include "desktop/translate.h"
 #include "desktop/x11_hints.h"
@@ -27,7 +28,7 @@ namespace {
 constexpr auto kNoticeTime = 4s;
 constexpr auto kMoveSettles = 300ms;
 constexpr double kOutOfDateOpacity = 0.55;
-constexpr int kNoticeMargin = 12;
+constexpr int kNoticeMargin = 8;
 
 QLabel* makeNotice(QWidget* window) {
   auto* notice = new QLabel(window);
@@ -40,11 +41,11 @@ QLabel* makeNotice(QWidget* window) {
   return notice;
 }
 
-// A screen may be gone since the place was chosen.
-QRect screenNear(QPoint point) {
+// The screen may be gone since the place was chosen. A shadow may reach over the edge.
+QRect roomNear(QPoint point) {
   const QScreen* screen = QGuiApplication::screenAt(point);
   if (!screen) screen = QGuiApplication::primaryScreen();
-  return screen->availableGeometry();
+  return screen->availableGeometry().marginsAdded(kCardMargins);
 }
 
 QPoint inside(const QRect& room, QPoint topLeft, QSize size) {
@@ -69,6 +70,7 @@ CardWindow::CardWindow(WindowKind kind, Anchor anchor, DrawingContext drawing)
   setWindowTitle(titleOf(kind));
   drawing_.runIntent = [this](const IntentCall& call) { Q_EMIT intentAsked(call); };
   drawing_.openLink = [this](const QString& destination) { Q_EMIT linkAsked(destination); };
+  setFocus();  // so that it is the card that is read when the window becomes active
   noticeEnd_.setSingleShot(true);
   movedEnd_.setSingleShot(true);
   connect(&noticeEnd_, &QTimer::timeout, this, [this] {
@@ -106,10 +108,10 @@ void CardWindow::setTrouble(const QString& why) {
 void CardWindow::say(const QString& message) {
   notice_->setText(message);
   notice_->setAccessibleName(message);
-  const int width = std::max(0, this->width() - 2 * kNoticeMargin);
-  const int height = std::min(notice_->heightForWidth(width), this->height());
-  const int top = std::max(0, this->height() - height - kNoticeMargin);
-  notice_->setGeometry(kNoticeMargin, top, width, height);
+  const QRect card = rect().marginsRemoved(kCardMargins + kNoticeMargin);
+  QRect place(card.topLeft(), QSize(card.width(), notice_->heightForWidth(card.width())));
+  place.moveBottom(card.bottom());
+  notice_->setGeometry(place);
   notice_->raise();
   notice_->show();
   noticeEnd_.start(kNoticeTime);
@@ -125,9 +127,9 @@ void CardWindow::endIntent(const QString& failure) {
 }
 
 void CardWindow::setContent(std::unique_ptr<QWidget> content) {
-  const QWidget* focused = content_ ? content_->focusWidget() : nullptr;
-  const QString focusedName =
-      focused && focused->hasFocus() ? focused->accessibleName() : QString();
+  const QWidget* focused = focusWidget();
+  const QString focusedName = focused && focused != this ? focused->accessibleName() : QString();
+  setFocus();
   if (content_) {  // it may be its own event that has led here
     content_->hide();
     content_->deleteLater();
@@ -137,8 +139,8 @@ void CardWindow::setContent(std::unique_ptr<QWidget> content) {
     content_->setParent(this);
     content_->show();
     watchControls();
-    for (Control* control : content_->findChildren<Control*>())
-      if (!focusedName.isEmpty() && control->accessibleName() == focusedName) control->setFocus();
+    for (QWidget* child : content_->findChildren<QWidget*>())
+      if (!focusedName.isEmpty() && child->accessibleName() == focusedName) child->setFocus();
     dim();
     fit();
     notice_->raise();
@@ -162,9 +164,9 @@ void CardWindow::setControlsReady() {
 
 void CardWindow::fit() {
   if (!content_) return;
-  const QSize size = content_->sizeHint();
+  const QSize size = content_->sizeHint().expandedTo(content_->minimumSize());
   const int shift = anchor_ == Anchor::kTopCentre ? size.width() / 2 : 0;
-  placedAt_ = inside(screenNear(anchorPoint_), anchorPoint_ - QPoint(shift, 0), size);
+  placedAt_ = inside(roomNear(anchorPoint_), anchorPoint_ - QPoint(shift, 0), size);
   content_->setGeometry(QRect({0, 0}, size));
   setFixedSize(size);
   move(placedAt_);
@@ -229,7 +231,7 @@ void CardWindow::moveEvent(QMoveEvent* event) {
 }
 
 void CardWindow::showEvent(QShowEvent* event) {
-  showOnAllWorkspaces(*this);
+  makeDesktopFixture(*this);
   QWidget::showEvent(event);
 }
 

@@ -61,6 +61,7 @@ class CardWindow : public QWidget {
  protected:
   // Null: there is nothing to show.
   void setContent(std::unique_ptr<QWidget> content);
+  [[nodiscard]] QWidget* content() const { return content_; }
   [[nodiscard]] const DrawingContext& drawing() const { return drawing_; }
   // A click that was no drag and met no control.
   virtual void takeClick(QPoint) {}

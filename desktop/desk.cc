@@ -28,13 +28,13 @@ QPoint firstPlace(WindowKind kind) {
   const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
   switch (kind) {
     case WindowKind::kIsland:
-      return {room.center().x(), room.top() + 8};
+      return {room.center().x(), room.top() - 16};
     case WindowKind::kMedium:
-      return {room.right() - 380, room.top() + 24};
-    case WindowKind::kLockScreen:
-      return {room.right() - 420, room.top() + 220};
+      return {room.right() - 390, room.top()};
     case WindowKind::kSmall:
-      return {room.right() - 220, room.top() + 420};
+      return {room.right() - 210, room.top() + 170};
+    case WindowKind::kLockScreen:
+      return {room.right() - 423, room.top() + 340};
   }
   return room.topLeft();
 }
@@ -114,6 +114,7 @@ void Desk::connectWindow(CardWindow& window) {
 }
 
 void Desk::connectMenu(HostMenu& menu) {
+  connect(&menu, &HostMenu::raiseAsked, this, &Desk::raise);
   connect(&menu, &HostMenu::runAsked, this, &Desk::run);
   connect(&menu, &HostMenu::windowToggled, this, &Desk::showWindow);
   connect(&menu, &HostMenu::onTopToggled, this, [this](bool onTop) {

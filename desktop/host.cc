@@ -65,15 +65,25 @@ double systemTime() {
   return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
 }
 
-// Has an action done where no host shows the container.
-int runAction(int argc, char** argv, const BrevantClient::Options& options, const QString& action) {
+// Has the host do it that shows the container, or where there is none `brevant` itself.
+int runAction(int argc, char** argv, const Options& options) {
   const QCoreApplication app(argc, argv);
-  BrevantClient client(options);
-  client.perform({action}, &client, [](const Answer& answer) {
+  const Preferences preferences(Preferences::defaultFile());
+  const BrevantClient::Options clientOptions = clientFor(options, preferences);
+  if (SingleInstance::tell(clientOptions.container, options.action->toUtf8())) return 0;
+  BrevantClient client(clientOptions);
+  client.perform({*options.action}, &client, [](const Answer& answer) {
     if (!answer.error.isEmpty()) std::fprintf(stderr, "%s\n", qPrintable(answer.error));
     QCoreApplication::exit(answer.outcome == Answer::Outcome::kDone ? 0 : 1);
   });
   return QCoreApplication::exec();
+}
+
+// Without one the widget toolkit would abort the process.
+bool hasDisplay() {
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+    if (!qEnvironmentVariableIsEmpty(name)) return true;
+  return false;
 }
 
 // An installation that is not where the desktop looks has its icons beside it.
@@ -201,11 +211,10 @@ DrawingContext Host::drawing() const {
 }
 
 int runHost(int argc, char** argv, const Options& options) {
-  if (options.action) {
-    const Preferences preferences(Preferences::defaultFile());
-    const BrevantClient::Options client = clientFor(options, preferences);
-    if (SingleInstance::tell(client.container, options.action->toUtf8())) return 0;
-    return runAction(argc, argv, client, *options.action);
+  if (options.action) return runAction(argc, argv, options);
+  if (!hasDisplay()) {
+    std::fprintf(stderr, "brevant-desktop: there is no display; try brevant picture\n");
+    return 1;
   }
   const QApplication app(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);

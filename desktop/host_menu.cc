@@ -66,7 +66,7 @@ void HostMenu::build(const MenuState& state) {
   for (QMenu* old : findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) old->deleteLater();
   clear();
   headline_ = addAction(QString());
-  headline_->setEnabled(false);
+  connect(headline_, &QAction::triggered, this, &HostMenu::raiseAsked);
   setHeadline(state.headline);
   addSeparator();
   addActivities(state);

@@ -32,6 +32,8 @@ class HostMenu : public QMenu {
   void setHeadline(const QString& headline);
 
  Q_SIGNALS:
+  // The first line was chosen: what it tells is to be shown.
+  void raiseAsked();
   // To be run as `brevant` with these arguments.
   void runAsked(const QStringList& arguments);
   void windowToggled(brevant::WindowKind kind, bool wanted);

@@ -5,7 +5,10 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <chrono>
+#include <utility>
+#include <vector>
 
+#include "desktop/card_row.h"
 #include "desktop/control.h"
 #include "desktop/spoken.h"
 #include "desktop/surface.h"
@@ -19,30 +22,46 @@ namespace {
 
 constexpr auto kHoverOpens = 350ms;
 constexpr auto kLeaveCloses = 500ms;
-constexpr int kPillSpacing = 6;
+
+// Lies over a closed presentation while the keyboard is at it.
+class FocusRing : public QWidget {
+ public:
+  explicit FocusRing(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    const QRectF ring = QRectF(rect().marginsRemoved(kCardMargins)).adjusted(1, 1, -1, -1);
+    painter.drawRoundedRect(ring, ring.height() / 2, ring.height() / 2);
+  }
+};
 
 // A closed presentation. It can be reached with the keyboard; the mouse passes through to the
 // window, which tells a click from a drag.
 class Pill : public QWidget {
  public:
-  explicit Pill(std::unique_ptr<QWidget> surface) {
+  explicit Pill(std::unique_ptr<QWidget> surface) : ring_(new FocusRing(this)) {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(surface.release());
-    setFocusPolicy(Qt::StrongFocus);
+    ring_->hide();
+    setFocusPolicy(Qt::TabFocus);
   }
 
  protected:
-  void focusInEvent(QFocusEvent*) override { update(); }
-  void focusOutEvent(QFocusEvent*) override { update(); }
-  void paintEvent(QPaintEvent*) override {
-    if (!hasFocus()) return;
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-    const double radius = height() / 2.0;
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), radius, radius);
+  void focusInEvent(QFocusEvent*) override {
+    ring_->raise();
+    ring_->show();
   }
+  void focusOutEvent(QFocusEvent*) override { ring_->hide(); }
+  void resizeEvent(QResizeEvent*) override { ring_->setGeometry(rect()); }
+
+ private:
+  FocusRing* ring_;
 };
 
 QString idOf(const QJsonObject& presentation) {
@@ -86,7 +105,7 @@ void IslandWindow::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Space:
       if (!pill) return;
       expand(pill->objectName());
-      if (auto* first = findChild<Control*>()) first->setFocus();
+      if (auto* first = content()->findChild<Control*>()) first->setFocus();
       return;
     default:
       QWidget::keyPressEvent(event);
@@ -126,21 +145,18 @@ void IslandWindow::draw() {
 }
 
 std::unique_ptr<QWidget> IslandWindow::makePills() {
-  auto pills = std::make_unique<QWidget>();
-  auto* layout = new QHBoxLayout(pills.get());
-  layout->setContentsMargins({});
-  layout->setSpacing(kPillSpacing);
+  std::vector<std::unique_ptr<QWidget>> pills;
   const Surface surface =
       presentations_.size() == 1 ? Surface::kIslandCompact : Surface::kIslandMinimal;
   for (const QJsonValue& value : presentations_) {
     const QJsonObject presentation = value.toObject();
-    auto* pill = new Pill(buildSurface(surface, presentation, drawing()));
+    auto pill = std::make_unique<Pill>(buildSurface(surface, presentation, drawing()));
     pill->setObjectName(idOf(presentation));
     pill->setAccessibleName(presentation["contentState"_L1]["typeName"_L1].toString());
     pill->installEventFilter(this);
-    layout->addWidget(pill);
+    pills.push_back(std::move(pill));
   }
-  return pills;
+  return makeCardRow(std::move(pills), Qt::Horizontal, drawing().locale.textDirection());
 }
 
 QJsonObject IslandWindow::presentation(const QString& id) const {

@@ -1,6 +1,8 @@
 #include "desktop/tray.h"
 
+#include <QApplication>
 #include <QPixmap>
+#include <QStyle>
 
 namespace brevant {
 
@@ -31,7 +33,8 @@ void Tray::say(const QString& message) {
 }
 
 QIcon programIcon() {
-  return QIcon::fromTheme(u"brevant"_s);
+  return QIcon::fromTheme(u"brevant"_s,
+                          QApplication::style()->standardIcon(QStyle::SP_ComputerIcon));
 }
 
 }  // namespace brevant

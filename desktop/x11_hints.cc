@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QGuiApplication>
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
@@ -29,13 +30,18 @@ xcb_atom_t atom(xcb_connection_t* server, const QByteArray& name) {
 
 }  // namespace
 
-void showOnAllWorkspaces(const QWidget& window) {
+void makeDesktopFixture(const QWidget& window) {
   xcb_connection_t* server = connection();
   if (!server) return;
-  const std::uint32_t all = 0xFFFFFFFF;
-  xcb_change_property(server, XCB_PROP_MODE_REPLACE,
-                      static_cast<xcb_window_t>(window.internalWinId()),
-                      atom(server, "_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, 32, 1, &all);
+  const auto id = static_cast<xcb_window_t>(window.internalWinId());
+  const std::uint32_t allWorkspaces = 0xFFFFFFFF;
+  xcb_change_property(server, XCB_PROP_MODE_REPLACE, id, atom(server, "_NET_WM_DESKTOP"),
+                      XCB_ATOM_CARDINAL, 32, 1, &allWorkspaces);
+  const std::array states{atom(server, "_NET_WM_STATE_STICKY"),
+                          atom(server, "_NET_WM_STATE_SKIP_TASKBAR"),
+                          atom(server, "_NET_WM_STATE_SKIP_PAGER")};
+  xcb_change_property(server, XCB_PROP_MODE_REPLACE, id, atom(server, "_NET_WM_STATE"),
+                      XCB_ATOM_ATOM, 32, states.size(), states.data());
 }
 
 // The compositing manager of a screen owns a selection; this desktop has one screen.

@@ -97,7 +97,7 @@ QByteArray timelineOf(const QString& name) {
         {"view":"Button","intent":{"name":"StopActivityIntent","activityId":"A",
                                    "operation":"pause"},
          "label":{"view":"Text","text":"pause"}},
-        {"view":"Link","destination":"brevant:///x","label":{"view":"Text","text":"link"}}]}}}]})";
+        {"view":"Link","destination":"brevant:///widget?type=running&action=stop&activity=A","label":{"view":"Text","text":"link"}}]}}}]})";
   return QByteArray(timeline).replace("NAME", name.toUtf8());
 }
 

@@ -1,0 +1,197 @@
+#include "desktop/desk.h"
+
+#include <QAccessible>
+#include <QLabel>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gmock/gmock.h>
+
+#include "desktop/card_row.h"
+#include "desktop/control.h"
+#include "fake_brevant.h"
+
+namespace brevant {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+class DeskTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    fake_.answer(u"live list"_s, "[]");
+    fake_.answer(u"status"_s, R"({"running":[{"guid":"A","name":"Reading"}],"paused":[]})");
+  }
+
+  void makeDesk() {
+    desk_.reset();
+    preferences_ = std::make_unique<Preferences>(folder_.filePath(u"desktop.ini"_s));
+    DrawingContext drawing;
+    drawing.now = fake_.options().now;
+    desk_ = std::make_unique<Desk>(fake_.options(), drawing, *preferences_);
+  }
+  // A desk whose medium widget shows the running activity.
+  void showDesk() {
+    makeDesk();
+    ASSERT_TRUE(waitUntil([this] { return medium().isVisible() && pauseButton(); }));
+    letPass(20);
+  }
+  void showLive(const QStringList& ids) {
+    QStringList list;
+    for (const QString& id : ids) list << u"{\"id\":\"%1\"}"_s.arg(id);
+    fake_.answer(u"live list"_s, u"[%1]"_s.arg(list.join(u',')).toUtf8());
+    // Every id is shown with its own name.
+    fake_.answer(u"live show"_s, presentationOf(u"@"_s, u"Live"_s));
+    fake_.misbehave("[ \"$1 $2\" = 'live show' ] && { sed s/@/$3/ 'answers/live show'; exit 0; }");
+    touch();
+  }
+  void touch() {
+    writeFile(fake_.container() + u"/database.sqlite"_s, QByteArray(++touched_, 'x'));
+  }
+
+  [[nodiscard]] CardWindow& medium() { return desk_->window(WindowKind::kMedium); }
+  [[nodiscard]] IslandWindow& island() {
+    return dynamic_cast<IslandWindow&>(desk_->window(WindowKind::kIsland));
+  }
+  // The first of the card that is shown.
+  [[nodiscard]] static Control* firstControl(const QWidget& window) {
+    for (auto* control : window.findChildren<Control*>())
+      if (control->isVisible()) return control;
+    return nullptr;
+  }
+  [[nodiscard]] Control* pauseButton() { return firstControl(medium()); }
+  static bool says(const QWidget& window, const QString& text) {
+    for (const QLabel* label : window.findChildren<QLabel*>())
+      if (label->isVisible() && label->text() == text) return true;
+    return false;
+  }
+
+  FakeBrevant fake_;
+  QTemporaryDir folder_;
+  std::unique_ptr<Preferences> preferences_;
+  std::unique_ptr<Desk> desk_;
+  int touched_ = 0;
+};
+
+TEST_F(DeskTest, APressedButtonRunsItsIntentOnceAndReadsOnce) {
+  showDesk();
+  fake_.misbehave("[ \"$1\" = intent ] && sleep 0.1");
+  fake_.answer(u"timeline"_s, timelineOf(u"Nothing"_s));
+  const auto before = fake_.calls(u"timeline"_s).size();
+  for (int i = 0; i < 3; ++i) QTest::mouseClick(pauseButton(), Qt::LeftButton);
+  EXPECT_EQ(pauseButton()->state(), Control::State::kBusy);
+  EXPECT_TRUE(waitUntil([&] { return medium().spokenText().startsWith(u"Nothing"_s); }));
+  letPass(150);
+  EXPECT_EQ(fake_.calls(u"intent"_s), QStringList{u"intent StopActivityIntent A pause"_s});
+  EXPECT_EQ(fake_.calls(u"timeline"_s).size(), before + 1);
+  EXPECT_EQ(pauseButton()->state(), Control::State::kReady);
+}
+
+TEST_F(DeskTest, SaysWhyAnIntentDidNotWork) {
+  showDesk();
+  fake_.misbehave("[ \"$1\" = intent ] && { echo 'the log stayed locked' >&2; exit 1; }");
+  QTest::mouseClick(pauseButton(), Qt::LeftButton);
+  EXPECT_TRUE(waitUntil([&] { return says(medium(), u"the log stayed locked"_s); }));
+}
+
+TEST_F(DeskTest, MarksWhatIsOutOfDateAndTellsWhy) {
+  showDesk();
+  fake_.misbehave("kill -SEGV $$");
+  touch();
+  EXPECT_TRUE(waitUntil([&] { return !medium().toolTip().isEmpty(); }));
+  EXPECT_THAT(medium().toolTip().toStdString(), testing::HasSubstr("crashed"));
+  EXPECT_TRUE(medium().spokenText().startsWith(u"Reading"_s));
+  EXPECT_TRUE(pauseButton());
+  fake_.misbehave("");
+  touch();
+  EXPECT_TRUE(waitUntil([&] { return medium().toolTip().isEmpty(); }));
+}
+
+TEST_F(DeskTest, SaysOnTheCardWhyThereNeverWasAnything) {
+  fake_.misbehave("exit 2");
+  makeDesk();
+  EXPECT_TRUE(waitUntil([&] { return medium().isVisible(); }));
+  EXPECT_THAT(medium().spokenText().toStdString(), testing::HasSubstr("code 2"));
+}
+
+TEST_F(DeskTest, RemembersWhichWindowsAreWantedAndWhere) {
+  showDesk();
+  Q_EMIT medium().moved({100, 120});
+  Q_EMIT desk_->window(WindowKind::kIsland).dismissed();
+  makeDesk();
+  ASSERT_TRUE(waitUntil([&] { return medium().isVisible(); }));
+  EXPECT_EQ(medium().pos(), QPoint(100, 120));
+  EXPECT_FALSE(island().isWanted());
+
+  // A screen that is gone must not keep a window out of sight.
+  Q_EMIT medium().moved({99'999, -99'999});
+  Q_EMIT medium().dismissed();
+  makeDesk();
+  letPass(100);
+  EXPECT_FALSE(medium().isVisible());
+  desk_->raise();
+  ASSERT_TRUE(waitUntil([&] { return medium().isVisible(); })) << "some window has to be there";
+  const QRect card = medium().geometry().marginsRemoved(kCardMargins);
+  EXPECT_TRUE(medium().screen()->geometry().contains(card));
+}
+
+TEST_F(DeskTest, NamesEveryControlAndReachesItByKeyboard) {
+  showLive({u"1"_s});
+  showDesk();
+  for (const WindowKind kind : kAllWindows) {
+    desk_->window(kind).setWanted(true);
+    ASSERT_TRUE(waitUntil([&] { return desk_->window(kind).isVisible(); }));
+    for (const auto* control : desk_->window(kind).findChildren<Control*>()) {
+      EXPECT_FALSE(control->accessibleName().isEmpty()) << qPrintable(titleOf(kind));
+      EXPECT_TRUE(control->focusPolicy() & Qt::TabFocus) << qPrintable(titleOf(kind));
+    }
+  }
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&medium())->text(QAccessible::Name),
+            u"Reading, 1 hour 5 minutes"_s);
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&island())->text(QAccessible::Name),
+            u"Live, 1 hour 5 minutes"_s);
+}
+
+TEST_F(DeskTest, TheIslandOpensAndCloses) {
+  showLive({u"1"_s});
+  showDesk();
+  ASSERT_TRUE(waitUntil([&] { return island().isVisible(); }));
+  const QSize compact = island().size();
+  EXPECT_FALSE(firstControl(island()));
+
+  QTest::mouseClick(&island(), Qt::LeftButton, {}, island().rect().center());
+  EXPECT_TRUE(island().isExpanded());
+  EXPECT_GT(island().height(), compact.height());
+  QTest::keyClick(&island(), Qt::Key_Escape);
+  EXPECT_FALSE(island().isExpanded());
+  EXPECT_EQ(island().size(), compact);
+
+  QTest::keyClick(&island(), Qt::Key_Tab);
+  QTest::keyClick(island().focusWidget(), Qt::Key_Space);
+  EXPECT_TRUE(island().isExpanded());
+  EXPECT_EQ(island().focusWidget(), firstControl(island()));
+
+  showLive({u"1"_s, u"2"_s});
+  const auto pills = [&] {
+    int count = 0;
+    for (const char* id : {"1", "2"})
+      if (const auto* pill = island().findChild<QWidget*>(QString::fromLatin1(id)))
+        count += pill->isVisible() ? 1 : 0;
+    return count;
+  };
+  letPass(200);
+  EXPECT_TRUE(island().isExpanded()) << "another one does not close it";
+  QTest::keyClick(&island(), Qt::Key_Escape);
+  EXPECT_TRUE(waitUntil([&] { return pills() == 2; }));
+  QTest::mouseClick(&island(), Qt::LeftButton, {},
+                    island().findChild<QWidget*>(u"2"_s)->geometry().center());
+  EXPECT_TRUE(island().isExpanded());
+
+  showLive({});
+  EXPECT_TRUE(waitUntil([&] { return !island().isVisible(); }));
+  EXPECT_FALSE(island().isExpanded());
+}
+
+}  // namespace
+}  // namespace brevant
