@@ -3,6 +3,8 @@
 #include <QGraphicsOpacityEffect>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
 
 #include "desktop/rounded_shape.h"
 
@@ -27,10 +29,31 @@ class Background : public QWidget {
   QColor fill_;
 };
 
-QSizePolicy::Policy policyFor(std::optional<int> fixed, std::optional<int> most) {
-  if (fixed) return QSizePolicy::Fixed;
-  return most ? QSizePolicy::Expanding : QSizePolicy::Preferred;
-}
+class Frame : public QWidget {
+ public:
+  Frame(std::unique_ptr<QWidget> content, const FrameSize& size, Qt::Alignment alignment) {
+    fillWith(*this, std::move(content), alignment);
+    if (size.width) setFixedWidth(*size.width);
+    if (size.height) setFixedHeight(*size.height);
+    if (size.maxWidth) setMaximumWidth(*size.maxWidth);
+    if (size.maxHeight) setMaximumHeight(*size.maxHeight);
+    setSizePolicy(policyFor(size.width, size.maxWidth), policyFor(size.height, size.maxHeight));
+  }
+
+  // Without a layout around it that would know the limits.
+  [[nodiscard]] QSize sizeHint() const override {
+    return QWidget::sizeHint().expandedTo(minimumSize()).boundedTo(maximumSize());
+  }
+  [[nodiscard]] int heightForWidth(int width) const override {
+    return std::clamp(QWidget::heightForWidth(width), minimumHeight(), maximumHeight());
+  }
+
+ private:
+  static QSizePolicy::Policy policyFor(std::optional<int> fixed, std::optional<int> most) {
+    if (fixed) return QSizePolicy::Fixed;
+    return most ? QSizePolicy::Expanding : QSizePolicy::Preferred;
+  }
+};
 
 }  // namespace
 
@@ -57,15 +80,7 @@ std::unique_ptr<QWidget> paddingAround(std::unique_ptr<QWidget> content, QMargin
 
 std::unique_ptr<QWidget> frameAround(std::unique_ptr<QWidget> content, const FrameSize& size,
                                      Qt::Alignment alignment) {
-  auto box = std::make_unique<QWidget>();
-  fillWith(*box, std::move(content), alignment);
-  if (size.width) box->setFixedWidth(*size.width);
-  if (size.height) box->setFixedHeight(*size.height);
-  if (size.maxWidth) box->setMaximumWidth(*size.maxWidth);
-  if (size.maxHeight) box->setMaximumHeight(*size.maxHeight);
-  QSizePolicy policy(policyFor(size.width, size.maxWidth), policyFor(size.height, size.maxHeight));
-  box->setSizePolicy(policy);
-  return box;
+  return std::make_unique<Frame>(std::move(content), size, alignment);
 }
 
 std::unique_ptr<QWidget> backgroundBehind(std::unique_ptr<QWidget> content, double cornerRadius,

@@ -35,22 +35,6 @@ constexpr std::pair<const char*, QFont::Weight> kWeights[] = {
     {"bold", QFont::Bold},       {"heavy", QFont::ExtraBold}, {"black", QFont::Black},
 };
 
-constexpr std::pair<const char*, const char*> kDesigns[] = {
-    {"default", ""},
-    {"rounded", ""},
-    {"serif", "Noto Serif"},
-    {"monospaced", "Noto Sans Mono"},
-};
-
-QString familyOfDesign(const QJsonValue& json) {
-  const QString name = json.toString(u"default"_s);
-  for (const auto& [known, family] : kDesigns) {
-    if (name == QLatin1StringView(known)) return QString::fromLatin1(family);
-  }
-  reportOnce(u"unknown font design "_s + name);
-  return {};
-}
-
 }  // namespace
 
 std::optional<QFont::Weight> fontWeightFromJson(const QJsonValue& json) {
@@ -65,14 +49,16 @@ std::optional<QFont::Weight> fontWeightFromJson(const QJsonValue& json) {
 std::optional<FontChoice> fontFromJson(const QJsonValue& json) {
   const QString style = json["style"_L1].toString();
   for (const NamedStyle& known : kStyles) {
-    if (style == QLatin1StringView(known.name)) return FontChoice{known.size, known.weight, {}};
+    if (style == QLatin1StringView(known.name)) return FontChoice{known.size, known.weight};
   }
   const std::optional<double> size = numberFromJson(json["size"_L1], 1, kLargestFont);
   if (!size) {
     reportOnce(u"unknown font "_s + style);
     return std::nullopt;
   }
-  FontChoice choice{qRound(*size), QFont::Normal, familyOfDesign(json["design"_L1])};
+  FontChoice choice{qRound(*size), QFont::Normal};
+  const QString design = json["design"_L1].toString(u"default"_s);
+  if (design != "default"_L1) reportOnce(u"unknown font design "_s + design);
   if (json["weight"_L1].isString()) {
     choice.weight = fontWeightFromJson(json["weight"_L1]).value_or(QFont::Normal);
   }
@@ -80,8 +66,7 @@ std::optional<FontChoice> fontFromJson(const QJsonValue& json) {
 }
 
 QFont makeFont(const FontChoice& choice) {
-  QString family = choice.size >= kDisplaySize ? u"Inter Display"_s : u"Inter"_s;
-  if (!choice.family.isEmpty()) family = choice.family;
+  const QString family = choice.size >= kDisplaySize ? u"Inter Display"_s : u"Inter"_s;
   QFont font;
   // What the typeface lacks comes from the one that goes with it; the system knows the rest.
   font.setFamilies({family, u"Inter"_s, u"Noto Sans Arabic"_s});

@@ -11,11 +11,11 @@ namespace brevant {
 struct FontChoice {
   int size = 17;
   QFont::Weight weight = QFont::Normal;
-  QString family;  // empty: the system's
 };
 
 // From {"style":"title3"} or {"size":44,"weight":"regular","design":"default"}; absent when it is
-// neither. A weight or design that is not known is taken as the default.
+// neither. Of an unknown weight or design the default
+// is taken.
 [[nodiscard]] std::optional<FontChoice> fontFromJson(const QJsonValue& json);
 [[nodiscard]] std::optional<QFont::Weight> fontWeightFromJson(const QJsonValue& json);
 

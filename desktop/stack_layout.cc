@@ -69,6 +69,7 @@ StackLayout::~StackLayout() = default;
 
 void StackLayout::addItem(QLayoutItem* item) {
   items_.emplace_back(item);
+  invalidate();
 }
 
 QLayoutItem* StackLayout::itemAt(int index) const {
@@ -80,7 +81,17 @@ QLayoutItem* StackLayout::takeAt(int index) {
   const auto place = items_.begin() + index;
   QLayoutItem* item = place->release();
   items_.erase(place);
+  invalidate();
   return item;
+}
+
+void StackLayout::invalidate() {
+  wishes_.reset();
+  QLayout::invalidate();
+}
+
+int StackLayout::spaces() const {
+  return std::max(0, count() - 1) * spacing();
 }
 
 int StackLayout::along(QSize size) const {
@@ -92,7 +103,7 @@ QSize StackLayout::sized(int along, int across) const {
 }
 
 QSize StackLayout::total(QSize (QLayoutItem::*measure)() const) const {
-  int length = std::max(0, count() - 1) * spacing();
+  int length = spaces();
   int width = 0;
   for (const auto& item : items_) {
     const QSize size = (item.get()->*measure)();
@@ -102,34 +113,28 @@ QSize StackLayout::total(QSize (QLayoutItem::*measure)() const) const {
   return sized(length, width);
 }
 
-QSize StackLayout::sizeHint() const {
-  return total(&QLayoutItem::sizeHint);
-}
-
-QSize StackLayout::minimumSize() const {
-  return total(&QLayoutItem::minimumSize);
-}
-
-Qt::Orientations StackLayout::expandingDirections() const {
-  Qt::Orientations directions;
-  for (const auto& item : items_) directions |= item->expandingDirections();
-  return directions;
-}
-
-bool StackLayout::hasHeightForWidth() const {
-  return std::any_of(items_.begin(), items_.end(),
-                     [](const auto& item) { return item->hasHeightForWidth(); });
+const StackLayout::Wishes& StackLayout::wishes() const {
+  if (wishes_) return *wishes_;
+  Wishes wishes{total(&QLayoutItem::sizeHint), total(&QLayoutItem::minimumSize), {}};
+  for (const auto& item : items_) {
+    wishes.expanding |= item->expandingDirections();
+    wishes.hasHeightForWidth |= item->hasHeightForWidth();
+  }
+  return wishes_.emplace(wishes);
 }
 
 int StackLayout::heightForWidth(int width) const {
-  const bool isRow = orientation_ == Qt::Horizontal;
+  const auto heightOf = [](QLayoutItem& item, int itemWidth) {
+    return item.hasHeightForWidth() ? item.heightForWidth(itemWidth) : item.sizeHint().height();
+  };
+  int height = 0;
+  if (orientation_ == Qt::Vertical) {
+    for (const auto& item : items_) height += heightOf(*item, width);
+    return height + spaces();
+  }
   const std::vector<int> widths = lengths({width, QLAYOUTSIZE_MAX});
-  int height = isRow ? 0 : std::max(0, count() - 1) * spacing();
   for (std::size_t i = 0; i < items_.size(); ++i) {
-    const QLayoutItem& item = *items_[i];
-    const int itemHeight = item.hasHeightForWidth() ? item.heightForWidth(isRow ? widths[i] : width)
-                                                    : item.sizeHint().height();
-    height = isRow ? std::max(height, itemHeight) : height + itemHeight;
+    height = std::max(height, heightOf(*items_[i], widths[i]));
   }
   return height;
 }
@@ -147,7 +152,7 @@ std::vector<int> StackLayout::lengths(QSize room) const {
                       item->expandingDirections().testFlag(orientation_)});
     lengths.push_back(wanted);
   }
-  const int available = along(room) - std::max(0, count() - 1) * spacing();
+  const int available = along(room) - spaces();
   const int spare = available - std::accumulate(lengths.begin(), lengths.end(), 0);
   if (spare > 0) grow(lengths, wishes, spare);
   if (spare < 0) shrink(lengths, wishes, available);
@@ -158,7 +163,7 @@ std::vector<int> StackLayout::lengths(QSize room) const {
 void StackLayout::setGeometry(const QRect& rect) {
   QLayout::setGeometry(rect);
   const std::vector<int> all = lengths(rect.size());
-  const int used = std::accumulate(all.begin(), all.end(), std::max(0, count() - 1) * spacing());
+  const int used = std::accumulate(all.begin(), all.end(), spaces());
   int position = std::max(0, along(rect.size()) - used) / 2;
   const auto direction = parentWidget()->layoutDirection();
   for (std::size_t i = 0; i < items_.size(); ++i) {

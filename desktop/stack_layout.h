@@ -2,6 +2,7 @@
 
 #include <QLayout>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace brevant {
@@ -22,14 +23,24 @@ class StackLayout : public QLayout {
   [[nodiscard]] QLayoutItem* itemAt(int index) const override;
   QLayoutItem* takeAt(int index) override;
 
-  [[nodiscard]] QSize sizeHint() const override;
-  [[nodiscard]] QSize minimumSize() const override;
-  [[nodiscard]] Qt::Orientations expandingDirections() const override;
-  [[nodiscard]] bool hasHeightForWidth() const override;
+  [[nodiscard]] QSize sizeHint() const override { return wishes().size; }
+  [[nodiscard]] QSize minimumSize() const override { return wishes().minimumSize; }
+  [[nodiscard]] Qt::Orientations expandingDirections() const override { return wishes().expanding; }
+  [[nodiscard]] bool hasHeightForWidth() const override { return wishes().hasHeightForWidth; }
   [[nodiscard]] int heightForWidth(int width) const override;
+  void invalidate() override;
   void setGeometry(const QRect& rect) override;
 
  private:
+  // What the layout wants as a whole. Kept, since Qt asks several times at every level of a tree.
+  struct Wishes {
+    QSize size, minimumSize;
+    Qt::Orientations expanding;
+    bool hasHeightForWidth = false;
+  };
+
+  [[nodiscard]] const Wishes& wishes() const;
+  [[nodiscard]] int spaces() const;
   [[nodiscard]] int along(QSize size) const;
   [[nodiscard]] QSize sized(int along, int across) const;
   [[nodiscard]] QSize total(QSize (QLayoutItem::*measure)() const) const;
@@ -37,6 +48,7 @@ class StackLayout : public QLayout {
 
   Qt::Orientation orientation_;
   std::vector<std::unique_ptr<QLayoutItem>> items_;
+  mutable std::optional<Wishes> wishes_;
 };
 
 }  // namespace brevant

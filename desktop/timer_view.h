@@ -19,6 +19,8 @@ class TimerView : public TextView {
 
   void advance();
   [[nodiscard]] double secondsUntilNextTick() const;
+  // "1 hour 5 minutes", for a screen reader.
+  [[nodiscard]] QString spokenText() const;
 
  protected:
   void showEvent(QShowEvent* event) override;

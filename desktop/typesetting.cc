@@ -17,7 +17,8 @@ namespace {
 
 // Widgets have whole sizes: a text fits into its own width although that was rounded.
 constexpr double kTolerance = 0.01;
-constexpr double kScaleSteps = 6;
+constexpr int kScaleSteps = 6;
+constexpr int kWrapAttempts = 10;
 
 struct BrokenText {
   QList<SetText::Line> lines;
@@ -50,9 +51,12 @@ void layOut(QTextLine& line, const QString& text, const TextStyle& style, double
   line.setLineWidth(kAnyWidth);
   if (widthOf(line, text, style) <= width + kTolerance) return;
   line.setLineWidth(width);
-  // What the digits' cells add may push the last word out of the line.
-  const double excess = widthOf(line, text, style) - width;
-  if (excess > kTolerance) line.setLineWidth(std::max(1.0, width - excess));
+  // What the digits' cells add pushes words out of the line, some of it with them.
+  for (int attempt = 0; attempt < kWrapAttempts; ++attempt) {
+    const double excess = widthOf(line, text, style) - width;
+    if (excess <= kTolerance) return;
+    line.setLineWidth(std::max(1.0, line.naturalTextWidth() - excess));
+  }
 }
 
 // Every line is as high as the typeface says, whatever other fonts have helped out; but letters
@@ -147,7 +151,7 @@ SetText fitAt(double scale, const QString& text, const TextStyle& style, QSizeF 
 }  // namespace
 
 QSizeF SetText::size() const {
-  QSizeF size;
+  QSizeF size(0, 0);
   for (const Line& line : lines) {
     size = {std::max(size.width(), line.width), size.height() + line.height};
   }

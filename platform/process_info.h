@@ -9,6 +9,8 @@ struct SystemVersion {
   int major = 0;
   int minor = 0;
 
+  // The check takes the 0 of the generated comparison for a pointer.
+  // NOLINTNEXTLINE(modernize-use-nullptr)
   auto operator<=>(const SystemVersion&) const = default;
 };
 

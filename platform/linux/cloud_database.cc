@@ -56,8 +56,8 @@ std::string write(const std::string& directory, const std::string& cloudContaine
 
 class CloudFolder : public CloudDatabase {
  public:
-  CloudFolder(const std::string& directory, TaskQueue& tasks)
-      : directory_(directory), tasks_(tasks) {}
+  CloudFolder(std::string directory, TaskQueue& tasks)
+      : directory_(std::move(directory)), tasks_(tasks) {}
 
   void save(const std::string& container, const CloudRecord& record,
             Completion completion) override {

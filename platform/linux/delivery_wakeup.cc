@@ -11,6 +11,7 @@
 #include <sys/signalfd.h>
 #include <sys/timerfd.h>
 #include <unistd.h>
+#include <utility>
 
 namespace brevant {
 namespace {
@@ -59,8 +60,8 @@ bool isReadable(const pollfd& entry) {
 
 }  // namespace
 
-DeliveryWakeup::DeliveryWakeup(const std::string& requests)
-    : requests_(requests),
+DeliveryWakeup::DeliveryWakeup(std::string requests)
+    : requests_(std::move(requests)),
       changes_(inotify_init1(IN_CLOEXEC | IN_NONBLOCK)),
       timer_(timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC | TFD_NONBLOCK)),
       clock_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)) {

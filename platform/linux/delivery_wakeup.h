@@ -14,7 +14,7 @@ namespace brevant {
 class DeliveryWakeup {
  public:
   // `requests` is the file to watch for; its folder exists.
-  explicit DeliveryWakeup(const std::string& requests);
+  explicit DeliveryWakeup(std::string requests);
   ~DeliveryWakeup();
   DeliveryWakeup(const DeliveryWakeup&) = delete;
   DeliveryWakeup& operator=(const DeliveryWakeup&) = delete;

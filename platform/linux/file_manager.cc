@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 #include "platform/linux/durable_file.h"
 
@@ -20,7 +21,7 @@ std::string environment(const char* name) {
 
 class LinuxFileManager : public FileManager {
  public:
-  explicit LinuxFileManager(const std::string& container) : container_(container) {}
+  explicit LinuxFileManager(std::string container) : container_(std::move(container)) {}
 
   std::optional<FileUrl> containerUrl(const std::string& group) const override {
     if (container_.empty() || group != kAppGroupIdentifier) return std::nullopt;

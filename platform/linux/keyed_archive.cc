@@ -32,7 +32,7 @@ class Archive {
 
   // The object that was archived; null when the archive is none.
   plist_t root() const {
-    const plist_t top = field(archive_.get(), "$top", PLIST_DICT);
+    plist_t top = field(archive_.get(), "$top", PLIST_DICT);
     return field(archive_.get(), "$archiver", PLIST_STRING) && top
                ? resolved(plist_dict_get_item(top, "root"))
                : nullptr;
@@ -67,7 +67,7 @@ class Archive {
 
   static plist_t field(plist_t object, const char* key, plist_type type) {
     if (!is(object, PLIST_DICT)) return nullptr;
-    const plist_t value = plist_dict_get_item(object, key);
+    plist_t value = plist_dict_get_item(object, key);
     return is(value, type) ? value : nullptr;
   }
 
@@ -76,7 +76,7 @@ class Archive {
     std::uint64_t index = 0;
     if (is(node, PLIST_UID)) {
       plist_get_uid_val(node, &index);
-    } else if (const plist_t uid = field(node, "CF$UID", PLIST_UINT)) {
+    } else if (plist_t uid = field(node, "CF$UID", PLIST_UINT)) {
       plist_get_uint_val(uid, &index);
     } else {
       return node;
@@ -94,7 +94,7 @@ class Archive {
 std::vector<Bytes> archivedData(std::span<const std::uint8_t> archive) {
   const Archive parsed(
       std::string_view(reinterpret_cast<const char*>(archive.data()), archive.size()));
-  const plist_t root = parsed.root();
+  plist_t root = parsed.root();
   if (!root) return {};
   if (std::optional<Bytes> data = parsed.data(root)) return {std::move(*data)};
   return plist_get_node_type(root) == PLIST_DICT ? parsed.dataOfFields(root) : std::vector<Bytes>();

@@ -132,7 +132,7 @@ class Registry : public LiveActivityCenter {
   // Stores what `edit` makes of the entries when it answers true. Empty on success.
   template <typename Edit>
   std::string change(const Edit& edit) {
-    const std::string problem =
+    std::string problem =
         file_.change([&](const std::optional<std::string>& text) -> SharedDocument::Edit {
           std::optional<std::vector<Entry>> entries = text ? decoded(*text) : std::vector<Entry>();
           if (!entries) return {std::nullopt, "is no registry of Live Activities"};

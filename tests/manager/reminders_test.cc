@@ -143,6 +143,7 @@ TEST(ReminderTimes, DependOnWhetherSomethingRuns) {
 
 std::vector<std::string> identifiers(const std::vector<NotificationRequest>& requests) {
   std::vector<std::string> result;
+  result.reserve(requests.size());
   for (const NotificationRequest& request : requests) result.push_back(request.identifier);
   return result;
 }

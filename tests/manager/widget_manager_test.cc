@@ -12,6 +12,7 @@ using testing::IsEmpty;
 
 std::vector<std::string> guidsOf(const auto& records) {
   std::vector<std::string> guids;
+  guids.reserve(records.size());
   for (const auto& record : records) guids.push_back(record->guid.value_or("-"));
   return guids;
 }

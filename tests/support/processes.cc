@@ -1,10 +1,9 @@
 #include "tests/support/processes.h"
 
+#include <csignal>
 #include <sys/ptrace.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <csignal>
 #include <vector>
 
 namespace brevant::test {

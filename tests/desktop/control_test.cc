@@ -1,0 +1,115 @@
+#include "desktop/control.h"
+
+#include <QTest>
+#include <gtest/gtest.h>
+#include <vector>
+
+#include "tests/desktop/drawn.h"
+
+namespace brevant {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QByteArray kLabel =
+    "{'view':'Text','text':'▮','modifiers':[{'frame':{'width':40,'height':40}},"
+    "{'background':{'fill':{'red':0,'green':0,'blue':0}}}]}";
+
+// A button and a link beside a text that an intent makes out of date, and what they asked for.
+class ControlTest : public testing::Test {
+ protected:
+  ControlTest() {
+    DrawingContext context = drawingContext();
+    context.runIntent = [this](const IntentCall& call) {
+      asked_.push_back(call.name + u' ' + call.activityId + u' ' + call.operation);
+    };
+    context.openLink = [this](const QString& link) { asked_.push_back(link); };
+    const QByteArray outdated =
+        "{'view':'Text','text':'H','modifiers':[{'font':{'size':40}},"
+        "{'invalidatableContent':true}]}";
+    view_ = viewOf(
+        "{'view':'HStack','spacing':0,'children':[{'view':'Button','intent':{'name':"
+        "'StopActivityIntent','activityId':'A','operation':'pause'},'label':" +
+            kLabel +
+            "},{'view':'Link','destination':'brevant:///widget?type=running&action=stop"
+            "&activity=A','label':" +
+            kLabel + "}," + outdated + "]}",
+        context);
+    const auto controls = view_->findChildren<Control*>();
+    button_ = controls.at(0);
+    link_ = controls.at(1);
+    view_->show();
+  }
+
+  [[nodiscard]] int darknessAt(QPoint point) const {
+    return qAlpha(drawn(*view_, view_->size()).pixel(point));
+  }
+  [[nodiscard]] int darknessOfText() const {
+    return static_cast<int>(coverageOf(drawn(*view_, view_->size()).copy(80, 0, 99, 99)));
+  }
+
+  std::vector<QString> asked_;
+  std::unique_ptr<QWidget> view_;
+  Control *button_, *link_;
+};
+
+TEST_F(ControlTest, AsksOncePerClickForItsIntentOrLink) {
+  QTest::mouseClick(button_, Qt::LeftButton);
+  QTest::mouseClick(link_, Qt::LeftButton);
+  QTest::keyClick(button_, Qt::Key_Space);
+  EXPECT_EQ(asked_,
+            (std::vector<QString>{u"StopActivityIntent A pause"_s,
+                                  u"brevant:///widget?type=running&action=stop&activity=A"_s,
+                                  u"StopActivityIntent A pause"_s}));
+}
+
+TEST_F(ControlTest, IgnoresClicksWhileItIsBusy) {
+  button_->setState(Control::State::kBusy);
+  QTest::mouseClick(button_, Qt::LeftButton);
+  QTest::keyClick(button_, Qt::Key_Space);
+  QTest::keyClick(button_, Qt::Key_Return);
+  EXPECT_TRUE(asked_.empty());
+  button_->setState(Control::State::kReady);
+  QTest::mouseClick(button_, Qt::LeftButton);
+  EXPECT_EQ(asked_.size(), 1U);
+}
+
+TEST_F(ControlTest, LooksPressedBusyAndFailed) {
+  const QPoint middle(20, 20), edge(1, 20);
+  const int ready = darknessAt(middle);
+  QTest::mousePress(button_, Qt::LeftButton);
+  const int pressed = darknessAt(middle);
+  EXPECT_LT(pressed, ready);
+  QTest::mouseRelease(button_, Qt::LeftButton);
+  EXPECT_EQ(darknessAt(middle), ready);
+  button_->setState(Control::State::kBusy);
+  EXPECT_LT(darknessAt(middle), pressed);
+  button_->setState(Control::State::kFailed);
+  EXPECT_EQ(darknessAt(middle), ready);
+  EXPECT_GT(drawn(*view_, view_->size()).pixelColor(edge).red(), 200);
+}
+
+TEST_F(ControlTest, DimsWhatItsIntentMakesOutOfDate) {
+  const int fresh = darknessOfText();
+  button_->setState(Control::State::kBusy);
+  EXPECT_LT(darknessOfText(), fresh * 0.7);
+  button_->setState(Control::State::kFailed);
+  EXPECT_EQ(darknessOfText(), fresh);
+}
+
+TEST_F(ControlTest, ShowsARingOnlyToTheKeyboard) {
+  const QPoint edge(1, 20);
+  const auto blueness = [&] { return drawn(*view_, view_->size()).pixelColor(edge).blue(); };
+  button_->setFocus(Qt::TabFocusReason);
+  QApplication::setActiveWindow(view_.get());
+  ASSERT_TRUE(button_->hasFocus());
+  EXPECT_GT(blueness(), 200);
+  link_->setFocus(Qt::TabFocusReason);
+  EXPECT_LT(blueness(), 50);
+  EXPECT_EQ(button_->accessibleName(), u"Pause"_s);
+  EXPECT_EQ(link_->accessibleName(), u"Stop"_s);
+}
+
+}  // namespace
+}  // namespace brevant

@@ -1,0 +1,227 @@
+// Every modifier of the contract, measured in what is drawn.
+#include "desktop/modifiers.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/desktop/drawn.h"
+
+namespace brevant {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// A text of one big letter, or so many of them, with modifiers.
+QByteArray text(const QByteArray& modifiers, const QByteArray& letters = "H") {
+  return "{'view':'Text','text':'" + letters + "','modifiers':[" + modifiers + "]}";
+}
+
+QByteArray square(const QByteArray& modifiers, int points = 10) {
+  const QByteArray side = QByteArray::number(points);
+  return "{'view':'Image','image':{'width':" + side + ",'height':" + side + ",'scale':1,'png':'" +
+         fourColors(points) + "'},'modifiers':[" + modifiers + "]}";
+}
+
+// A solid box of that size, to measure where things go.
+QByteArray box(int width, int height) {
+  return "{'view':'Text','text':' ','modifiers':[{'frame':{'width':" + QByteArray::number(width) +
+         ",'height':" + QByteArray::number(height) +
+         "}},{'background':{'fill':{'red':0,'green':0,'blue':0}}}]}";
+}
+
+QByteArray withModifiers(QByteArray view, const QByteArray& modifiers) {
+  view.chop(2);  // of a box, which has some
+  return view + "," + modifiers + "]}";
+}
+
+TEST(Modifiers, FontsHaveTheSizesOfTheirStyles) {
+  const std::pair<const char*, int> styles[] = {
+      {"largeTitle", 34}, {"title", 28},   {"title2", 22},      {"title3", 20},   {"headline", 17},
+      {"body", 17},       {"callout", 16}, {"subheadline", 15}, {"footnote", 13}, {"caption", 12}};
+  for (const auto& [style, size] : styles) {
+    const QByteArray font = "{'font':{'style':'" + QByteArray(style) + "'}}";
+    // A capital of the typeface is 0.727 of its size high.
+    EXPECT_NEAR(inkOf(drawn(text(font), {}, 3)).height() / 3.0, size * 0.727, 0.7) << style;
+  }
+  for (const int size : {9, 17, 44, 100}) {
+    const QByteArray font = "{'font':{'size':" + QByteArray::number(size) + "}}";
+    EXPECT_NEAR(inkOf(drawn(text(font))).height(), size * 0.727, 1.5) << size;
+  }
+}
+
+TEST(Modifiers, HeavierWeightsPutDownMoreInk) {
+  const char* const heavier[] = {
+      "{'font':{'size':40,'weight':'regular'}}",
+      "{'font':{'size':40,'weight':'medium'}}",
+      "{'font':{'size':40,'weight':'regular'}},{'fontWeight':'semibold'}",
+      "{'font':{'size':40}},{'bold':true}",
+  };
+  double before = 0;
+  for (const char* modifiers : heavier) {
+    const double ink = coverageOf(drawn(text(modifiers)));
+    EXPECT_GT(ink, before * 1.03) << modifiers;
+    before = ink;
+  }
+  EXPECT_GT(coverageOf(drawn(text("{'font':{'style':'headline'}}"))),
+            coverageOf(drawn(text("{'font':{'style':'body'}}"))));
+}
+
+TEST(Modifiers, TheInnermostFontCountsForEachTextInside) {
+  const QByteArray stack = "{'view':'HStack','children':[" + text("{'font':{'size':30}}") + "," +
+                           text("") +
+                           "],'modifiers':[{'font':{'size':60}},{'foregroundColor':"
+                           "{'red':1,'green':0,'blue':0}}]}";
+  const QImage image = drawn(stack);
+  const int middle = 30;  // between the two letters
+  EXPECT_NEAR(inkOf(image.copy(0, 0, middle, image.height())).height(), 30 * 0.727, 1.5);
+  EXPECT_NEAR(inkOf(image.copy(middle, 0, 99, image.height())).height(), 60 * 0.727, 1.5);
+  for (const QRect& part : {QRect(0, 0, middle, image.height()), QRect(middle, 0, 99, 99)}) {
+    const QPoint stem = inkOf(image.copy(part)).topLeft() + part.topLeft() + QPoint(2, 2);
+    EXPECT_EQ(image.pixelColor(stem), QColor(Qt::red));
+  }
+}
+
+TEST(Modifiers, MonospacedDigitsKeepTheirWidth) {
+  const QByteArray style = "{'font':{'size':40}},{'monospacedDigit':true}";
+  EXPECT_EQ(viewOf(text(style, "11:11"))->sizeHint(), viewOf(text(style, "00:00"))->sizeHint());
+  EXPECT_NE(viewOf(text("", "11:11"))->sizeHint(), viewOf(text("", "00:00"))->sizeHint());
+}
+
+TEST(Modifiers, TextsStayInTheirRoomWithEveryLineLimit) {
+  const QByteArray name = "Reviewing the quarterly architecture proposals";
+  const QSize room(120, 200);
+  const int line = viewOf(text("", name))->sizeHint().height();
+  const auto height = [&](const QByteArray& modifiers) {
+    return viewOf(text(modifiers, name))->heightForWidth(room.width());
+  };
+  EXPECT_EQ(viewOf(text("{'lineLimit':1}", name))->sizeHint().height(), line);
+  EXPECT_NEAR(height("{'lineLimit':2}"), 2 * line, 2);
+  EXPECT_GE(height(""), 3 * line);
+  for (const char* modifiers :
+       {"{'lineLimit':1}", "{'lineLimit':2}", "", "{'lineLimit':1},{'minimumScaleFactor':0.5}"}) {
+    const QRect ink = inkOf(drawn(text(modifiers, name), room));
+    EXPECT_GT(ink.width(), 80) << modifiers;
+    EXPECT_LT(ink.right(), room.width()) << modifiers;
+  }
+}
+
+TEST(Modifiers, LinesStandWhereTheirAlignmentSays) {
+  const auto leftOf = [](const QByteArray& alignment, const char* locale) {
+    const QByteArray modifiers = "{'multilineTextAlignment':'" + alignment + "'}";
+    return inkOf(drawn(*viewOf(text(modifiers, "HHHH"), drawingContext(locale)), {200, 30})).left();
+  };
+  EXPECT_LT(leftOf("leading", "en_US"), 5);
+  EXPECT_NEAR(leftOf("center", "en_US"), 78, 5);
+  EXPECT_GT(leftOf("trailing", "en_US"), 145);
+  EXPECT_EQ(leftOf("leading", "ar_EG"), leftOf("trailing", "en_US"));
+}
+
+TEST(Modifiers, FramesHaveTheirSizeAndAlignTheirContent) {
+  const auto ink = [](const QByteArray& frame, QSize room) {
+    return inkOf(drawn(withModifiers(box(10, 6), "{'frame':" + frame + "}"), room));
+  };
+  EXPECT_EQ(viewOf(withModifiers(box(10, 6), "{'frame':{'width':50,'height':30}}"))->sizeHint(),
+            QSize(50, 30));
+  EXPECT_EQ(ink("{'width':50,'height':30}", {50, 30}), QRect(20, 12, 10, 6));
+  EXPECT_EQ(ink("{'width':50,'height':30,'alignment':'leading'}", {50, 30}), QRect(0, 12, 10, 6));
+  EXPECT_EQ(ink("{'width':50,'height':30,'alignment':'trailing'}", {50, 30}), QRect(40, 12, 10, 6));
+  EXPECT_EQ(
+      ink("{'maxWidth':'infinity','maxHeight':'infinity','alignment':'topLeading'}", {90, 40}),
+      QRect(0, 0, 10, 6));
+}
+
+TEST(Modifiers, AFrameWithAMaximumTakesNoMoreInAStack) {
+  const QByteArray row =
+      "{'view':'HStack','spacing':0,'children':[" +
+      withModifiers(box(10, 6), "{'frame':{'maxWidth':50,'alignment':'trailing'}}") + "," +
+      box(10, 6) + ",{'view':'Spacer'}]}";
+  EXPECT_EQ(inkOf(drawn(row, {200, 6})), QRect(40, 0, 20, 6));
+}
+
+TEST(Modifiers, PaddingGoesToItsEdgesAndIsMirrored) {
+  const QByteArray view = withModifiers(
+      box(10, 10), "{'padding':{'top':1,'leading':2,'bottom':3,'trailing':'default'}}");
+  EXPECT_EQ(viewOf(view)->sizeHint(), QSize(28, 14));
+  EXPECT_EQ(inkOf(drawn(view)), QRect(2, 1, 10, 10));
+  EXPECT_EQ(inkOf(drawn(*viewOf(view, drawingContext("ar_EG")))), QRect(16, 1, 10, 10));
+}
+
+TEST(Modifiers, BackgroundsAreFilledAndRoundAtTheirCorners) {
+  const auto filled = [](int radius, double scale) {
+    const QByteArray view =
+        "{'view':'Text','text':' ','modifiers':[{'frame':{'width':40,"
+        "'height':40}},{'background':{'roundedRectangle':{'cornerRadius':" +
+        QByteArray::number(radius) +
+        ",'style':'continuous'},'fill':{'red':0,'green':0.5,'blue':1,"
+        "'alpha':1}}}]}";
+    return drawn(view, {}, scale);
+  };
+  for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+    const QImage image = filled(20, scale);
+    EXPECT_EQ(image.pixelColor(image.rect().center()), QColor(0, 128, 255)) << scale;
+    EXPECT_EQ(qAlpha(image.pixel(0, 0)), 0) << scale;
+    // As round as can be: a circle.
+    EXPECT_NEAR(coverageOf(image), 3.14159 * 400 * scale * scale, 8 * scale) << scale;
+  }
+  // A continuous corner covers no more than the circle's square, and little less than its circle.
+  const double missing = 1600 - coverageOf(filled(10, 1));
+  EXPECT_NEAR(missing, (4 - 3.14159) * 100, 25);
+  EXPECT_NEAR(coverageOf(filled(0, 1)), 1600, 0.01);
+}
+
+TEST(Modifiers, OpacityCountsForEverythingInside) {
+  const QByteArray row = "{'view':'HStack','spacing':0,'children':[" + square("{'opacity':0.5}") +
+                         "," + box(10, 10) + "],'modifiers':[{'opacity':0.5}]}";
+  const QImage image = drawn(row);
+  EXPECT_NEAR(qAlpha(image.pixel(3, 3)), 64, 2);
+  EXPECT_NEAR(qAlpha(image.pixel(15, 5)), 128, 2);
+  // Only what stands further out concerns a background.
+  const QImage inside = drawn(withModifiers(box(10, 10), "{'opacity':0.25}"));
+  EXPECT_NEAR(qAlpha(inside.pixel(5, 5)), 64, 2);
+}
+
+TEST(Modifiers, ImagesAreStretchedOnlyWhenResizable) {
+  const QSize room(40, 20);
+  EXPECT_EQ(inkOf(drawn(square("{'frame':{'width':40,'height':20}}"), room)), QRect(15, 5, 10, 10));
+  const QImage stretched = drawn(square("{'resizable':true},{'frame':{'width':40,'height':20}}"));
+  EXPECT_EQ(stretched.size(), room);
+  EXPECT_EQ(stretched.pixelColor(2, 2), QColor(Qt::red));
+  EXPECT_EQ(stretched.pixelColor(38, 2), QColor(Qt::green));
+  EXPECT_EQ(stretched.pixelColor(2, 18), QColor(Qt::blue));
+}
+
+TEST(Modifiers, ImagesAreSharpAtEveryScale) {
+  for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+    // One pixel of the image for one of the screen, at an odd place.
+    const int pixels = qRound(20 * scale);
+    const QByteArray image =
+        "{'view':'Image','image':{'width':20,'height':20,'scale':1,'png':'" + fourColors(pixels) +
+        "'},'modifiers':[{'resizable':true},{'frame':{'width':20,'height':20}},"
+        "{'padding':{'leading':1,'top':1}}]}";
+    const QImage result = drawn(image, {}, scale);
+    int blurred = 0;
+    for (const QPoint& edge : {QPoint(0, 0), QPoint(-1, 0), QPoint(0, -1), QPoint(-1, -1)}) {
+      const QPoint middle(qRound(scale) + pixels / 2, qRound(scale) + pixels / 2);
+      const QColor color = result.pixelColor(middle + edge);
+      for (const int part : {color.red(), color.green(), color.blue()}) {
+        blurred += part != 0 && part != 255;
+      }
+    }
+    EXPECT_EQ(blurred, 0) << scale;
+  }
+}
+
+TEST(Modifiers, SymbolsTakeTheForegroundColourAndKeepTheirShape) {
+  const QByteArray symbol =
+      "{'view':'Image','systemName':'stop.fill','modifiers':[{'resizable':"
+      "true},{'frame':{'width':40,'height':20}},{'foregroundColor':"
+      "{'red':0,'green':1,'blue':0}}]}";
+  const QImage image = drawn(symbol, {}, 2);
+  const QRect ink = inkOf(image);
+  EXPECT_EQ(image.pixelColor(image.rect().center()), QColor(Qt::green));
+  EXPECT_NEAR(ink.width(), ink.height(), 1);
+  EXPECT_GT(ink.height(), 20);
+}
+
+}  // namespace
+}  // namespace brevant

@@ -1,0 +1,124 @@
+// The real program, drawing what a played `brevant` says.
+#include <QCoreApplication>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <gtest/gtest.h>
+
+#include "tests/desktop/drawn.h"
+#include "tests/desktop/fake_brevant.h"
+
+namespace brevant {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class PictureTest : public testing::Test {
+ protected:
+  struct Outcome {
+    int exitCode;
+    QString error;
+  };
+
+  Outcome run(const QStringList& arguments) {
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"BREVANT"_s, brevant_.program());
+    environment.remove(u"QT_QPA_PLATFORM"_s);
+    environment.insert(u"QT_SCALE_FACTOR"_s, u"1.7"_s);  // of this desktop; no matter here
+    process.setProcessEnvironment(environment);
+    process.start(QCoreApplication::applicationDirPath() + u"/brevant-desktop"_s, arguments);
+    EXPECT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.readAllStandardOutput(), "");
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardError())};
+  }
+
+  Outcome draw(const QString& surface, const QStringList& more = {}) {
+    return run(QStringList{u"--picture"_s, surface, u"-o"_s, file(), u"--now"_s, u"1e9"_s} + more);
+  }
+
+  [[nodiscard]] QString file() const { return folder_.filePath(u"picture.png"_s); }
+
+  [[nodiscard]] QByteArray bytes() const {
+    QFile picture(file());
+    return picture.open(QIODevice::ReadOnly) ? picture.readAll() : QByteArray();
+  }
+
+  FakeBrevant brevant_;
+  QTemporaryDir folder_;
+};
+
+TEST_F(PictureTest, IsTheSameToTheByte) {
+  brevant_.answer(u"live show"_s, presentationOf(u"1"_s, u"Reading"_s));
+  for (const auto& surface : {u"small"_s, u"medium"_s, u"lock-screen"_s, u"island-compact"_s,
+                              u"island-minimal"_s, u"island-expanded"_s}) {
+    ASSERT_EQ(draw(surface).exitCode, 0) << surface.toStdString();
+    const QByteArray first = bytes();
+    EXPECT_FALSE(QImage::fromData(first).isNull());
+    ASSERT_EQ(draw(surface).error, QString());
+    EXPECT_EQ(bytes(), first) << surface.toStdString();
+  }
+  EXPECT_EQ(brevant_.calls(u"timeline"_s).size(), 4);
+  EXPECT_EQ(brevant_.calls(u"live show"_s).size(), 8);
+}
+
+TEST_F(PictureTest, HasTheScaleAndTheColourSchemeAskedFor) {
+  for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+    ASSERT_EQ(draw(u"small"_s, {u"--scale"_s, QString::number(scale)}).exitCode, 0);
+    EXPECT_EQ(QImage::fromData(bytes()).width(), qRound(206 * scale));
+  }
+  ASSERT_EQ(draw(u"small"_s, {u"--color-scheme"_s, u"dark"_s}).exitCode, 0);
+  EXPECT_LT(QImage::fromData(bytes()).pixelColor(206, 80).lightness(), 40);
+}
+
+TEST_F(PictureTest, IsAnEmptyCardWhenThereIsNothingToShow) {
+  brevant_.answer(u"timeline"_s, "null");
+  ASSERT_EQ(draw(u"small"_s).exitCode, 0);
+  EXPECT_EQ(QImage::fromData(bytes()).pixelColor(206, 206), QColor(Qt::white));
+}
+
+TEST_F(PictureTest, SaysInOneLineWhyThereIsNone) {
+  const struct {
+    const char* misbehaviour;
+    int exitCode;
+    const char* error;
+  } cases[] = {
+      {"echo 'no such Live Activity' >&2; exit 1", 1, "no such Live Activity"},
+      {"echo 'log line' >&2; echo 'not a version: x' >&2; exit 2", 2, "not a version: x"},
+      {"echo 'Fatal error: missing image' >&2; kill -ABRT $$", 1, "Fatal error: missing image"},
+      {"echo garbage; exit 0", 1, "no JSON"},
+  };
+  for (const auto& [misbehaviour, exitCode, error] : cases) {
+    brevant_.misbehave(misbehaviour);
+    const Outcome outcome = draw(u"lock-screen"_s);
+    EXPECT_EQ(outcome.exitCode, exitCode) << misbehaviour;
+    EXPECT_TRUE(outcome.error.contains(QString::fromLatin1(error))) << outcome.error.toStdString();
+    EXPECT_EQ(outcome.error.count(u'\n'), 1) << outcome.error.toStdString();
+    EXPECT_FALSE(QFile::exists(file()));
+  }
+  brevant_.misbehave("");
+  const Outcome unwritable =
+      run({u"--picture"_s, u"small"_s, u"-o"_s, folder_.filePath(u"no/such/folder.png"_s)});
+  EXPECT_EQ(unwritable.exitCode, 1);
+  EXPECT_EQ(unwritable.error.count(u'\n'), 1);
+}
+
+TEST_F(PictureTest, RefusesWrongUsageBeforeAnythingRuns) {
+  const QStringList wrong[] = {
+      {u"--picture"_s, u"large"_s, u"-o"_s, file()},
+      {u"--picture"_s, u"small"_s},
+      {u"--picture"_s, u"small"_s, u"-o"_s, file(), u"--scale"_s, u"4"_s},
+      {u"--picture"_s, u"small"_s, u"-o"_s, file(), u"--now"_s, u"soon"_s},
+      {u"--picture"_s, u"small"_s, u"-o"_s, file(), u"--color-scheme"_s, u"blue"_s},
+      {u"--picture"_s, u"small"_s, u"-o"_s, file(), u"--frobnicate"_s},
+      {u"--picture"_s, u"small"_s, u"-o"_s, file(), u"more"_s},
+  };
+  for (const QStringList& arguments : wrong) {
+    EXPECT_EQ(run(arguments).exitCode, 2) << arguments.join(u' ').toStdString();
+  }
+  EXPECT_TRUE(brevant_.calls(u"timeline"_s).isEmpty());
+}
+
+}  // namespace
+}  // namespace brevant
