@@ -14,7 +14,7 @@ class FileUrl {
 
   FileUrl appendingPathComponent(std::string_view component) const;
 
-  // Scheme and three slashes first: file:///home/user/data/
+  // Scheme and three slashes first: file:///srv/data/
   const std::string& absoluteString() const { return text_; }
 
   // The unescaped path.

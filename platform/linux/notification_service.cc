@@ -46,9 +46,9 @@ std::map<std::string, sdbus::Variant> hints(const NotificationContent& content) 
 class DesktopNotifications : public NotificationService {
  public:
   std::optional<std::string> name() override {
-    std::string name, vendor, version, specification;
+    std::string name, vendor, version, protocol;
     const bool answered = tried(
-        [&] { call("GetServerInformation").storeResultsTo(name, vendor, version, specification); });
+        [&] { call("GetServerInformation").storeResultsTo(name, vendor, version, protocol); });
     return answered ? std::optional(name) : std::nullopt;
   }
 
