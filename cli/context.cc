@@ -1,6 +1,7 @@
 #include "cli/context.h"
 
 #include <cstdio>
+#include <utility>
 
 #include "cli/database_place.h"
 #include "cli/terminal_text.h"
@@ -80,8 +81,9 @@ ExitCode Context::doneReading() {
   return refuse("the database could not be read: " + *failure);
 }
 
-ExitCode Context::deliverAnswer(ExitCode code) const {
-  const bool written = std::fwrite(answer_.data(), 1, answer_.size(), stdout) == answer_.size();
+ExitCode Context::deliverAnswer(ExitCode code) {
+  const std::string answer = std::exchange(answer_, {});
+  const bool written = std::fwrite(answer.data(), 1, answer.size(), stdout) == answer.size();
   if (std::fflush(stdout) == 0 && written) return code;
   return refuse("the answer could not be written");
 }

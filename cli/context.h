@@ -46,12 +46,13 @@ class Context {
   // Opens the shared database for queries; they are empty when it is not there.
   std::unique_ptr<WidgetManager> openForReading();
 
-  // Refuses, with the answer that was printed so far taken back, when the database told of a
-  // failure: what was read may then not be what is stored.
+  // Refuses, and takes back what was printed, when the database told of a failure: what was read
+  // may then not be what is stored.
   ExitCode doneReading();
 
-  // Writes the collected answer. Not done when it could not be written.
-  ExitCode deliverAnswer(ExitCode code) const;
+  // Writes what was printed so far. Afterwards the code, or "not done" when it could not be
+  // written.
+  ExitCode deliverAnswer(ExitCode code);
 
   const GlobalOptions options;
   const std::vector<std::string> arguments;  // all words of the command line

@@ -2,83 +2,98 @@
 
 #include <array>
 #include <charconv>
-#include <functional>
-#include <unicode/uchar.h>
-#include <unicode/unistr.h>
+#include <clocale>
+#include <cwchar>
+#include <optional>
+
+#include "cli/utf8.h"
 
 namespace brevant {
 namespace {
 
-// Calls `visit` with every code point; bytes that are no UTF-8 come as U+FFFD.
-void forEachCodePoint(std::string_view bytes, const std::function<void(UChar32)>& visit) {
-  const auto length = static_cast<std::int32_t>(bytes.size());
-  const auto text = icu::UnicodeString::fromUTF8(icu::StringPiece(bytes.data(), length));
-  for (std::int32_t at = 0; at < text.length(); at = text.moveIndex32(at, 1)) {
-    visit(text.char32At(at));
-  }
+// What moves the cursor, ends the line or turns the direction of what follows.
+bool actsOnTerminal(char32_t point) {
+  const auto isWithin = [point](char32_t first, char32_t last) {
+    return point >= first && point <= last;
+  };
+  return point < 0x20 || isWithin(0x7F, 0x9F) || point == 0x061C || isWithin(0x200E, 0x200F) ||
+         isWithin(0x2028, 0x202E) || isWithin(0x2066, 0x2069) || point == 0xFEFF;
 }
 
-void append(std::string& text, UChar32 point) {
-  icu::UnicodeString(point).toUTF8String(text);
-}
-
-// Joiners and variation selectors shape a character and stay; every other invisible character that
-// acts on its surroundings does not.
-bool actsOnTerminal(UChar32 point) {
-  constexpr UChar32 kZeroWidthNonJoiner = 0x200C;
-  constexpr UChar32 kZeroWidthJoiner = 0x200D;
-  if (point == kZeroWidthJoiner || point == kZeroWidthNonJoiner) return false;
-  const std::uint32_t kind = U_GET_GC_MASK(point);
-  return (kind & (U_GC_CC_MASK | U_GC_CF_MASK | U_GC_ZL_MASK | U_GC_ZP_MASK)) != 0;
-}
-
-std::string spelledOut(UChar32 point) {
+std::string spelledOut(char32_t point) {
   if (point == '\n') return "\\n";
   if (point == '\t') return "\\t";
   std::array<char, 8> digits{};
-  const auto end = std::to_chars(digits.begin(), digits.end(), point, 16).ptr;
+  const auto end =
+      std::to_chars(digits.begin(), digits.end(), static_cast<std::uint32_t>(point), 16).ptr;
   const std::string hex(digits.begin(), end);
   if (point < 0x100) return "\\x" + std::string(hex.size() < 2 ? "0" : "") + hex;
   return "\\u{" + hex + '}';
 }
 
-std::size_t width(UChar32 point) {
-  if ((U_GET_GC_MASK(point) & (U_GC_MN_MASK | U_GC_ME_MASK | U_GC_CF_MASK)) != 0) return 0;
-  const auto eastAsian = u_getIntPropertyValue(point, UCHAR_EAST_ASIAN_WIDTH);
-  return eastAsian == U_EA_WIDE || eastAsian == U_EA_FULLWIDTH ? 2 : 1;
+template <typename Replace>
+std::string replaced(std::string_view text, Replace replace) {
+  std::string result;
+  while (!text.empty()) {
+    const char32_t point = takeCodePoint(text);
+    if (actsOnTerminal(point)) {
+      result += replace(point);
+    } else {
+      appendUtf8(result, point);
+    }
+  }
+  return result;
 }
+
+// Latin letters, lines and bullets: known without the table, which takes time to load.
+bool isNarrow(char32_t point) {
+  return point < 0x300 || (point >= 0x2500 && point < 0x25FD);
+}
+
+// While it lives, the C library knows the widths of all characters, whatever the user's locale is.
+class UnicodeWidths {
+ public:
+  UnicodeWidths() : before_(uselocale(unicode_)) {}
+  ~UnicodeWidths() {
+    uselocale(before_);
+    if (unicode_ != locale_t{}) freelocale(unicode_);
+  }
+  UnicodeWidths(const UnicodeWidths&) = delete;
+  UnicodeWidths& operator=(const UnicodeWidths&) = delete;
+
+  std::size_t operator()(char32_t point) const {
+    const int columns = wcwidth(static_cast<wchar_t>(point));
+    return columns < 0 ? 1 : static_cast<std::size_t>(columns);  // newer than the library
+  }
+
+ private:
+  const locale_t unicode_ = newlocale(LC_CTYPE_MASK, "C.UTF-8", locale_t{});
+  const locale_t before_;
+};
 
 }  // namespace
 
 std::string printable(std::string_view text) {
-  std::string result;
-  forEachCodePoint(text, [&](UChar32 point) {
-    if (actsOnTerminal(point)) {
-      result += spelledOut(point);
-    } else {
-      append(result, point);
-    }
-  });
-  return result;
+  return replaced(text, spelledOut);
 }
 
 std::string onOneLine(std::string_view text) {
-  std::string result;
-  forEachCodePoint(
-      text, [&](UChar32 point) { append(result, actsOnTerminal(point) ? UChar32{' '} : point); });
-  return result;
+  return replaced(text, [](char32_t) { return ' '; });
 }
 
 std::size_t displayWidth(std::string_view text) {
+  std::optional<UnicodeWidths> widths;
   std::size_t columns = 0;
-  forEachCodePoint(text, [&](UChar32 point) { columns += width(point); });
+  while (!text.empty()) {
+    const char32_t point = takeCodePoint(text);
+    if (isNarrow(point)) {
+      ++columns;
+    } else {
+      if (!widths) widths.emplace();
+      columns += (*widths)(point);
+    }
+  }
   return columns;
-}
-
-std::string padded(std::string text, std::size_t width) {
-  const std::size_t columns = displayWidth(text);
-  if (columns < width) text.append(width - columns, ' ');
-  return text;
 }
 
 }  // namespace brevant

@@ -16,7 +16,4 @@ std::string onOneLine(std::string_view text);
 // The columns that a printable text takes: two for wide characters, none for combining ones.
 std::size_t displayWidth(std::string_view text);
 
-// `text` filled up with spaces to a width.
-std::string padded(std::string text, std::size_t width);
-
 }  // namespace brevant

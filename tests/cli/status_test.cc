@@ -83,8 +83,9 @@ TEST(DisplayWidth, CountsColumnsOfATerminal) {
   const struct {
     const char* text;
     std::size_t columns;
-  } cases[] = {{"abc", 3}, {"日本", 4}, {"e\u0301", 1}, {"한글", 4},
-               {"😀", 2},   {"\xff", 1}, {"", 0}};
+  } cases[] = {{"abc", 3},  {"日本", 4}, {"e\u0301", 1},
+               {"한글", 4}, {"😀", 2},    {"\xff\xc0\x80\xed\xa0\x80", 6},
+               {"", 0}};
   for (const auto& [text, columns] : cases) EXPECT_EQ(displayWidth(text), columns) << text;
 }
 
