@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "cli/commands.h"
 #include "cli/context.h"
 #include "cli/json_reminders.h"
@@ -47,21 +49,38 @@ ExitCode printPending(Context& context) {
   return ExitCode::kDone;
 }
 
+// Neither scheduling nor cancelling answers anything, so both are told by what is pending
+// afterwards.
+ExitCode refuseUnstored(Context& context) {
+  return context.refuse("the pending reminders could not be stored");
+}
+
 ExitCode schedule(Context& context) {
   const auto manager = context.openForReading();
+  if (!manager->notifySettings().enabled) {
+    if (!context.options.json) context.printLine("Reminders are off; nothing was scheduled");
+    return context.done();
+  }
+  const auto before = pendingRequests(context.platform.notifications);
   manager->scheduleRemindMeNotifications();
+  const auto after = pendingRequests(context.platform.notifications);
   if (context.log.failure()) return context.doneReading();
-  if (context.options.json) return context.done();
-  const std::size_t count = pendingRequests(context.platform.notifications).size();
-  context.printLine(manager->notifySettings().enabled
-                        ? "Pending reminders: " + std::to_string(count)
-                        : "Reminders are off; nothing was scheduled");
-  return ExitCode::kDone;
+  const bool hasTimes = !manager->notifyHours().empty();
+  if (hasTimes && (after.empty() || after == before)) return refuseUnstored(context);
+  if (!context.options.json) {
+    context.printLine("Pending reminders: " + std::to_string(after.size()));
+  }
+  return context.done();
 }
 
 ExitCode cancel(Context& context) {
   WidgetManager::open(context.platform)->cancelRemindMeNotifications();
-  return context.done();
+  const auto left = pendingRequests(context.platform.notifications);
+  const bool isReminderLeft = std::any_of(left.begin(), left.end(), [](const auto& request) {
+    const auto type = request.content.userInfo.find("type");
+    return type != request.content.userInfo.end() && type->second == "notify";
+  });
+  return isReminderLeft ? refuseUnstored(context) : context.done();
 }
 
 ExitCode deliverOnce(Context& context) {

@@ -60,16 +60,13 @@ class Context {
   const std::string container;  // as it was asked for; relative to the working directory
 
  private:
+  std::string answer_;
   LinuxPlatform services_;
 
  public:
   WatchedLog log;
   RecordingRandom random;
-  // The services with the two decorators above in their places.
-  const Platform platform;
-
- private:
-  std::string answer_;
+  const Platform platform;  // the services, with these two in the places of theirs
 };
 
 }  // namespace brevant

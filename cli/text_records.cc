@@ -1,5 +1,7 @@
 #include "cli/text_records.h"
 
+#include <algorithm>
+
 #include "cli/terminal_text.h"
 #include "cli/text_table.h"
 #include "cli/text_time.h"
@@ -54,7 +56,9 @@ std::string categoriesText(const TypeList& types, Colors colors) {
   TextTable table;
   for (const TypeRef& type : types) {
     const bool isGroup = dynamic_cast<const WidgetGroup*>(type.get()) != nullptr;
-    const std::string indent(static_cast<std::size_t>(type->nestingLevel) * 2, ' ');
+    constexpr std::int32_t kDeepest = 20;  // a terminal is only so wide
+    const std::string indent(
+        static_cast<std::size_t>(std::clamp(type->nestingLevel, 0, kDeepest)) * 2, ' ');
     table.add({{isGroup ? kGroup : kRunning, type->color},
                {indent + nameText(type->name)},
                {printable(type->guid.value_or("-"))}});

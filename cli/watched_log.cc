@@ -25,7 +25,7 @@ std::optional<std::string> failureIn(std::string_view line, std::string_view bef
   const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), code);
   if (error != std::errc()) return std::nullopt;
   std::string_view message = rest.substr(static_cast<std::size_t>(end - rest.data()));
-  if (!message.starts_with(between)) return reason(code, "error " + std::to_string(code));
+  if (!message.starts_with(between)) return std::nullopt;
   message.remove_prefix(between.size());
   return reason(code, message.substr(0, message.rfind(closing)));
 }
@@ -35,7 +35,8 @@ std::optional<std::string> failureIn(std::string_view line) {
   if (auto told = failureIn(line, "DB Error: ", " \"", '"')) return told;
   if (auto told = failureIn(line, "rror calling sqlite3_step (", ": ", ')')) return told;
   if (auto told = failureIn(line, "Query was interrupted (", ": ", ')')) return told;
-  return failureIn(line, "error opening!: ", " ", ' ');
+  if (line.find("error opening!") != std::string_view::npos) return "it could not be opened";
+  return std::nullopt;
 }
 
 }  // namespace

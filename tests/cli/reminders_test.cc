@@ -50,6 +50,9 @@ TEST_F(Reminders, TellSettingsTimesAndWhatIsPending) {
                                          {"repeats", false}}));
   EXPECT_EQ(run({"reminders", "cancel"}).exitCode, 0);
   EXPECT_EQ(ask({"reminders", "pending"}), Json::array());
+
+  write("Notifications/requests.json", "broken");
+  EXPECT_EQ(run({"reminders", "schedule"}).exitCode, 1);
 }
 
 TEST_F(Reminders, StayPendingWithoutAService) {
