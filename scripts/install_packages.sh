@@ -4,7 +4,7 @@ set -euo pipefail
 
 build=(g++ dpkg-dev cmake ninja-build pkg-config ccache mold git
     libsqlite3-dev libicu-dev libplist-dev libpng-dev
-    nlohmann-json3-dev libcli11-dev libsdbus-c++-dev gettext tzdata
+    nlohmann-json3-dev libcli11-dev libsdbus-c++-dev libsystemd-dev gettext tzdata
     qt6-base-dev qt6-svg-dev qt6-qpa-plugins libgl-dev libxcb1-dev fonts-inter fonts-noto-core fonts-noto-cjk)
 run=(sqlite3)
 test=(libgtest-dev libgmock-dev libbenchmark-dev libsqlitecpp-dev
