@@ -11,6 +11,7 @@ int main(int argc, char** argv) {
   for (const char* name :
        {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
     qputenv(name, home.path().toUtf8());
+  qputenv("BREVANT", BREVANT_PROGRAM);
   qunsetenv("BREVANT_CONTAINER");
   qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
   qputenv("LC_ALL", "C.UTF-8");
