@@ -29,6 +29,25 @@ bool isPositional(const std::string& name) {
   return !name.starts_with('-');
 }
 
+std::string usageError(std::string_view what) {
+  return "brevant: " + std::string(what) + " (brevant --help tells the usage)\n";
+}
+
+// An option given an empty value, as by a variable that is not set, in two words: the parser would
+// take the next word for the value.
+std::vector<std::string> withEmptyValues(const std::vector<std::string>& arguments) {
+  std::vector<std::string> words;
+  for (const std::string& argument : arguments) {
+    if (argument.starts_with("--") && argument.find('=') == argument.size() - 1) {
+      words.push_back(argument.substr(0, argument.size() - 1));
+      words.emplace_back();
+    } else {
+      words.push_back(argument);
+    }
+  }
+  return words;
+}
+
 std::string joined(const std::vector<std::string>& words) {
   std::string text;
   for (const std::string& word : words) text += (text.empty() ? "" : "|") + word;
@@ -129,11 +148,11 @@ CommandLine::CommandLine(std::span<const char* const> arguments)
           "See what a personal time tracker is recording, and pause, stop or start it.",
           "brevant")),
       wantsHelp_(mentions("--help") || mentions("-h")) {
-  app_->require_subcommand(1);
+  // None at all is told after the parse, lest it hide the error that names an unknown word.
+  app_->require_subcommand(0, 1);
   app_->fallthrough();
-  app_->failure_message([](const CLI::App*, const CLI::Error& error) {
-    return std::string("brevant: ") + error.what() + " (brevant --help tells the usage)\n";
-  });
+  app_->failure_message(
+      [](const CLI::App*, const CLI::Error& error) { return usageError(error.what()); });
   app_->footer("Example:\n  brevant status\n\nbrevant COMMAND --help tells more about a command.");
   app_->set_version_flag("--version", "brevant " BREVANT_VERSION);
   addGlobalOptions();
@@ -190,24 +209,29 @@ Command CommandLine::command(const std::string& name, const std::string& summary
   return addCommand(*app_, name, summary, example);
 }
 
-Command CommandLine::group(const std::string& name, const std::string& summary) {
-  Command group = addCommand(*app_, name, summary, "brevant " + name + " --help");
+Command CommandLine::group(const std::string& name, const std::string& summary,
+                           const std::string& example) {
+  const Command group = addCommand(*app_, name, summary, example);
   if (group.app_ != nullptr) {
-    group.app_->require_subcommand(1);
-    group.app_->footer("brevant " + name + " COMMAND --help tells more about a command.");
+    group.app_->require_subcommand(0, 1);
+    group.app_->footer("Example:\n  " + example + "\n\nbrevant " + name +
+                       " COMMAND --help tells more about a command.");
   }
   return group;
 }
 
 std::optional<ExitCode> CommandLine::parse() {
   try {
-    // Without a command there is an error to tell, which names what is missing or unknown.
+    // Without a command there is help or an error to print, and the help lists them all.
     if (app_->get_subcommands({}).empty()) {
       for (const auto& [name, summary] : unbuilt_) app_->add_subcommand(name, summary);
     }
     // The parser takes its arguments from the back.
-    app_->parse(std::vector<std::string>(arguments_.rbegin(), arguments_.rend()));
-    return std::nullopt;
+    const std::vector<std::string> words = withEmptyValues(arguments_);
+    app_->parse(std::vector<std::string>(words.rbegin(), words.rend()));
+    if (action_) return std::nullopt;
+    std::fputs(usageError("a command is required").c_str(), stderr);
+    return ExitCode::kWrongUsage;
   } catch (const CLI::ParseError& error) {
     std::ostringstream out;
     std::ostringstream errors;

@@ -73,7 +73,7 @@ class CommandLine {
   Command command(const std::string& name, const std::string& summary, const std::string& example);
 
   // A command that only gathers others.
-  Command group(const std::string& name, const std::string& summary);
+  Command group(const std::string& name, const std::string& summary, const std::string& example);
 
   // The exit code when there is nothing to run: help was asked for and printed, or the usage was
   // wrong and said so on stderr.

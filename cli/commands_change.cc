@@ -29,7 +29,9 @@ constexpr Wording kWordings[] = {
 ActivityList inState(const ActivityList& activities, std::int32_t state) {
   ActivityList result;
   std::copy_if(activities.begin(), activities.end(), std::back_inserter(result),
-               [state](const ActivityRef& activity) { return activity->state == state; });
+               [state](const ActivityRef& activity) {
+                 return activity->state == state && activity->guid;  // else none could be written
+               });
   return result;
 }
 
@@ -97,6 +99,10 @@ ExitCode change(Context& context, const Wording& wording, const std::optional<st
   if (candidates.size() > 1) return refuseSeveral(context, *manager, candidates);
 
   WidgetActivity& activity = *candidates.front();
+  if (wording.change == Change::kResume && activity.state == kStateRunning) {
+    // It would begin a new stretch and lose the one that it is in.
+    return context.refuse(nothingChanged("it is running already"));
+  }
   const StatusItem item = itemOf(*manager, activity, context.platform.clock.now());
   const ChangeResult result = applyChange(context, std::move(manager), activity, wording.change);
   if (const auto* refusal = std::get_if<NotChanged>(&result)) return context.refuse(refusal->why);

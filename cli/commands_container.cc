@@ -2,6 +2,7 @@
 
 #include "cli/commands.h"
 #include "cli/context.h"
+#include "cli/database_place.h"
 #include "cli/doctor.h"
 #include "cli/json_container.h"
 #include "cli/other_program.h"
@@ -53,11 +54,17 @@ ExitCode runDoctor(Context& context) {
 }
 
 ExitCode makeSample(Context& context, const std::string& directory) {
+  if (directory.empty()) return context.refuse("the new container needs a name");
   const auto trouble = makeSampleContainer(context, directory);
   if (trouble) return context.refuse(*trouble);
+  if (needsEscapes(directory)) {
+    context.warn("the path of " + directory +
+                 " needs percent escapes, so its database will not be found: move it to a path "
+                 "without spaces and other special characters");
+  }
   if (context.options.json) return context.done();
   context.printLine("A container to try everything on: " + printable(directory));
-  context.printLine("  brevant status --container " + printable(directory));
+  context.printLine("  brevant status --container '" + printable(directory) + '\'');
   return ExitCode::kDone;
 }
 

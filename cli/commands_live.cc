@@ -16,15 +16,12 @@
 namespace brevant {
 namespace {
 
-struct Unreadable {
-  std::string why;
-};
-
 // The content state on stdin, decoded and coded anew: what is stored is always well formed.
 std::variant<std::string, Unreadable> codedInput(const Context& context) {
-  const std::optional<std::string> input = readInput();
-  if (!input) return Unreadable{"the input could not be read"};
-  const Decoded<ContentState> decoded = ContentState::decoded(context.platform.coder, *input);
+  const auto input = readInput();
+  if (const auto* error = std::get_if<Unreadable>(&input)) return *error;
+  const Decoded<ContentState> decoded =
+      ContentState::decoded(context.platform.coder, std::get<std::string>(input));
   if (const auto* error = std::get_if<DecodingError>(&decoded)) {
     return Unreadable{"the content state does not decode: " + error->message};
   }
@@ -143,7 +140,8 @@ ExitCode show(Context& context, const std::optional<std::string>& id) {
 }  // namespace
 
 void addLiveCommands(CommandLine& line) {
-  const Command live = line.group("live", "Start, show and end Live Activities");
+  const Command live =
+      line.group("live", "Start, show and end Live Activities", "brevant live list");
   live.command("start", "Start one with the content state on stdin",
                "brevant live start < content.json")
       .run(start);

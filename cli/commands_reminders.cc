@@ -110,7 +110,8 @@ ExitCode deliver(Context& context, bool keepWatching) {
 }  // namespace
 
 void addReminderCommands(CommandLine& line) {
-  const Command reminders = line.group("reminders", "Show, schedule and deliver reminders");
+  const Command reminders =
+      line.group("reminders", "Show, schedule and deliver reminders", "brevant reminders pending");
   reminders
       .command("settings", "How the tracker wants to remind", "brevant reminders settings --json")
       .run(printSettings);

@@ -85,7 +85,8 @@ ExitCode Context::deliverAnswer(ExitCode code) {
   const std::string answer = std::exchange(answer_, {});
   const bool written = std::fwrite(answer.data(), 1, answer.size(), stdout) == answer.size();
   if (std::fflush(stdout) == 0 && written) return code;
-  return refuse("the answer could not be written");
+  return refuse(code == ExitCode::kDone ? "it is done, but the answer could not be written"
+                                        : "the answer could not be written");
 }
 
 }  // namespace brevant

@@ -1,5 +1,10 @@
 #include "cli/database_place.h"
 
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <unistd.h>
+
 #include "platform/container_path.h"
 
 namespace brevant {
@@ -25,6 +30,9 @@ std::optional<std::string> missingDatabase(const FileManager& files) {
   if (files.fileExists(*path)) return std::nullopt;
 
   const std::string container = withoutFinalSlash(url->path());
+  if (access(container.c_str(), X_OK) != 0 && errno == EACCES) {
+    return "the container " + container + " cannot be entered: " + std::strerror(EACCES);
+  }
   if (!files.fileExists(container)) {
     return "there is no container at " + container + " (brevant sample DIR makes one to try)";
   }
@@ -34,6 +42,11 @@ std::optional<std::string> missingDatabase(const FileManager& files) {
            looked + ": move the container to a path without spaces and other special characters";
   }
   return "there is no database at " + looked;
+}
+
+bool needsEscapes(const std::string& directory) {
+  const std::string path = std::filesystem::absolute(directory).string();
+  return FileUrl::directory(path).absoluteString().find('%') != std::string::npos;
 }
 
 }  // namespace brevant

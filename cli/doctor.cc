@@ -66,13 +66,13 @@ Finding checkDatabase(const Context& context) {
   }
   const std::string path = containerPath(context.platform.files, kDatabaseFile).value_or("");
   const DatabaseReport report = brevant::checkDatabase(path);
-  if (report.unreadable) {
-    return {"database", State::kProblem, "it cannot be read: " + *report.unreadable,
-            "close what keeps it locked; check that it is a database and yours to read"};
-  }
   if (report.damage) {
     return {"database", State::kProblem, "it is damaged: " + *report.damage,
             "restore it from a backup, or recover it with sqlite3's .recover"};
+  }
+  if (report.unreadable) {
+    return {"database", State::kProblem, "it cannot be read: " + *report.unreadable,
+            "close what keeps it locked; check that it is yours to read"};
   }
   if (!report.missing.empty()) {
     return {"database", State::kProblem,
@@ -82,10 +82,6 @@ Finding checkDatabase(const Context& context) {
   if (access(path.c_str(), W_OK) != 0) {
     return {"database", State::kProblem, "it can be read but not written",
             "give yourself the permission to write it"};
-  }
-  if (report.journalMode == "off" || report.journalMode == "memory") {
-    return {"database", State::kWarning, "its journal mode is " + report.journalMode,
-            "a crash while it is written may damage it; the modes delete and wal are safe"};
   }
   return {"database", State::kGood, "sound, journal mode " + report.journalMode, ""};
 }
@@ -106,7 +102,12 @@ Finding checkSettings(const Context& context) {
 Finding checkIcons(Context& context) {
   std::set<std::string> without;
   const auto manager = WidgetManager::open(context.platform);
-  for (const TypeRef& type : manager->findAllTypes()) {
+  const TypeList types = manager->findAllTypes();
+  if (missingDatabase(context.platform.files) || context.log.failure()) {
+    return {"icons", State::kWarning, "not checked, as the categories could not be read",
+            "see what is said of the database"};
+  }
+  for (const TypeRef& type : types) {
     if (!manager->imageForType(*type)) without.insert(type->name.value_or("(no name)"));
   }
   if (without.empty()) return {"icons", State::kGood, "every category has one", ""};
@@ -115,11 +116,18 @@ Finding checkIcons(Context& context) {
 }
 
 Finding checkResources(const Context& context) {
+  std::set<std::string> names{"cat_111@2x.png", "pause_widget@2x.png", "pause_widget_light@2x.png",
+                              "stop_widget@2x.png"};
+  constexpr int kCategoryIcons = 24;
+  for (int icon = 1; icon <= kCategoryIcons; ++icon) {
+    names.insert("cat_" + std::to_string(icon) + ".png");
+  }
   std::set<std::string> missing;
-  for (const char* name : {"cat_1.png", "cat_111@2x.png", "pause_widget@2x.png",
-                           "pause_widget_light@2x.png", "stop_widget@2x.png"}) {
+  for (const std::string& name : names) {
     if (!context.platform.bundle.imageNamed(name)) missing.insert(name);
   }
+  constexpr const char* kText = "complication.no_running";  // a key, which no language shows
+  if (context.platform.bundle.localizedString(kText) == kText) missing.insert("the texts");
   if (missing.empty()) return {"resources", State::kGood, resourcesBesideProgram(), ""};
   return {"resources", State::kProblem,
           "missing in " + resourcesBesideProgram() + ": " + joined(missing),

@@ -8,19 +8,22 @@
 
 namespace brevant {
 
-std::optional<std::string> readInput() {
+std::variant<std::string, Unreadable> readInput() {
   constexpr std::size_t kMostInput = std::size_t{1} << 20U;
   std::string input;
   std::array<char, 4096> block{};
   while (const std::size_t count = std::fread(block.data(), 1, block.size(), stdin)) {
     input.append(block.data(), count);
-    if (input.size() > kMostInput) return std::nullopt;
+    if (input.size() > kMostInput) return Unreadable{"the input is larger than 1 MiB"};
   }
-  if (std::ferror(stdin) != 0) return std::nullopt;
+  if (std::ferror(stdin) != 0) {
+    return Unreadable{std::string("the input could not be read: ") + std::strerror(errno)};
+  }
   return input;
 }
 
 std::string writeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
+  if (path.empty()) return "the file needs a name";
   std::FILE* const file = std::fopen(path.c_str(), "wb");
   if (file == nullptr) return path + ": " + std::strerror(errno);
   const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();

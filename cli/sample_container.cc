@@ -95,6 +95,7 @@ std::optional<std::string> makeSampleContainer(Context& context, const std::stri
     return trouble;
   }
   if (createSampleDatabase(context.platform, database, customIcon)) return std::nullopt;
+  fs::remove(database, error);  // half of one would stand in the way of the next try
   return database.string() + ": " + context.log.failure().value_or("it could not be written");
 }
 

@@ -22,6 +22,7 @@ unsigned cubeColor(unsigned red, unsigned green, unsigned blue) {
 
 Colors colorsOfStdout() {
   if (isatty(STDOUT_FILENO) == 0 || std::getenv("NO_COLOR") != nullptr) return Colors::kNone;
+  if (environment("TERM") == "dumb") return Colors::kNone;
   const std::string_view depth = environment("COLORTERM");
   if (depth == "truecolor" || depth == "24bit") return Colors::kMillions;
   return environment("TERM").ends_with("256color") ? Colors::k256 : Colors::kNone;

@@ -69,7 +69,9 @@ DatabaseReport checkDatabase(const std::string& path) {
   sqlite3_busy_timeout(handle, kWait);
   // Nothing is read before the first query.
   if (opened != SQLITE_OK || !query(handle, "SELECT count(*) FROM sqlite_master")) {
-    report.unreadable = sqlite3_errmsg(handle);
+    const int code = sqlite3_errcode(handle);
+    const bool isDamaged = code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
+    (isDamaged ? report.damage : report.unreadable) = sqlite3_errmsg(handle);
     return report;
   }
   for (const Table& table : expectedTables()) {

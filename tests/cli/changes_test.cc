@@ -68,6 +68,7 @@ TEST_F(Changes, TellWhatBecameOfTheActivity) {
   addActivity("A", "C", 1, "1699999990");
   EXPECT_EQ(run({"pause", "A"}).out, "Paused Code after 0:00:10\n");
   EXPECT_EQ(run({"resume", "A"}).out, "Resumed Code\n");
+  EXPECT_EQ(run({"resume", "A"}).err, "brevant: nothing was changed: it is running already\n");
   EXPECT_EQ(run({"stop", "A"}).out, "Stopped Code after 0:00:10\n");
   EXPECT_EQ(run({"stop", "A"}).err, "brevant: there is no running or paused activity A\n");
 

@@ -37,6 +37,13 @@ TEST_F(Containers, MadeAsSamplesAreSoundAndAlive) {
   EXPECT_EQ(ask({"status"})["paused"].size(), 2U);
 }
 
+TEST_F(Containers, WhosePathNeedsEscapesAreMadeWithAWarning) {
+  const Outcome outcome = run({"sample", path("my sample")});
+  EXPECT_EQ(outcome.exitCode, 0);
+  EXPECT_NE(outcome.err.find("percent escapes"), std::string::npos);
+  EXPECT_NE(outcome.out.find("/my sample'\n"), std::string::npos) << outcome.out;
+}
+
 TEST_F(Containers, ThatAreIllAreTold) {
   addCategory("C", "Code");
   EXPECT_EQ(checks()["database"], "ok");
@@ -48,6 +55,8 @@ TEST_F(Containers, ThatAreIllAreTold) {
   EXPECT_NE(run({"doctor"}).out.find("logs.comment"), std::string::npos);
   write("database.sqlite", "This is no database at all, only text that goes on for a while.");
   EXPECT_EQ(checks()["database"], "problem");
+  EXPECT_EQ(checks()["icons"], "warning");
+  EXPECT_NE(run({"doctor"}).out.find("it is damaged"), std::string::npos);
   std::filesystem::create_directories(path("with space"));
   environment["BREVANT_CONTAINER"] = path("with space");
   EXPECT_NE(run({"doctor"}).out.find("with%20space/database.sqlite"), std::string::npos);

@@ -18,6 +18,7 @@ TEST_F(Usage, OfTheWrongKindEndsWithTwo) {
            {"status", "--system-version", "17."},
            {"status", "--color-scheme", "Dark"},
            {"status", "--container", ""},
+           {"--container=", "status"},
            {"categories", "--roots", "--leaves"},
            {"category"},
            {"category", "--id", "C", "--name", "Code"},
@@ -49,8 +50,16 @@ TEST_F(Usage, OfTheWrongKindEndsWithTwo) {
   EXPECT_EQ(run({"status"}).exitCode, 0);
 }
 
+TEST_F(Usage, NamesTheWordThatIsWrong) {
+  for (const std::vector<std::string>& command : std::vector<std::vector<std::string>>{
+           {"wrong"}, {"--wrong", "status"}, {"live", "wrong"}, {"--json", "reminders", "wrong"}}) {
+    EXPECT_NE(run(command).err.find("wrong"), std::string::npos);
+  }
+  EXPECT_EQ(run({"category", "--name=", "--json"}).err, "brevant: there is no category \n");
+}
+
 TEST_F(Usage, HelpOfEveryCommandHasAnExample) {
-  std::vector<std::vector<std::string>> commands{{}};
+  std::vector<std::vector<std::string>> commands{{}, {"live"}, {"reminders"}};
   for (const char* name : {"activities", "categories", "category", "status", "start", "stop",
                            "pause", "resume", "widgets", "timeline", "snapshot", "placeholder",
                            "intent", "icon", "picture", "open", "cloud", "doctor", "sample"}) {
