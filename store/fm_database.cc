@@ -178,6 +178,10 @@ bool FMDatabase::rollback() {
   return executeUpdate("rollback transaction");
 }
 
+bool FMDatabase::isInTransaction() const {
+  return handle_ && sqlite3_get_autocommit(handle_) == 0;
+}
+
 int FMDatabase::lastErrorCode() const {
   return sqlite3_errcode(handle_);
 }

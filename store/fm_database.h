@@ -66,6 +66,10 @@ class FMDatabase {
   bool commit();
   bool rollback();
 
+  // Runs no statement. A failure can end the transaction: SQLite itself undoes it all when the disk
+  // is full or broken.
+  [[nodiscard]] bool isInTransaction() const;
+
   // Of the last statement.
   [[nodiscard]] int lastErrorCode() const;
   [[nodiscard]] std::string lastErrorMessage() const;

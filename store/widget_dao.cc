@@ -50,25 +50,28 @@ std::uint32_t storedState(const WidgetActivity& activity) {
 }  // namespace
 
 // One exclusive transaction. After a failed statement the others still run, so that the log tells
-// of all failures; without the transaction none does, as each would then be stored by itself.
+// of all failures; without the transaction, or once a failure has ended it, none does, as each
+// would then be stored by itself.
 class WidgetDAO::Write {
  public:
   explicit Write(FMDatabase* db) : db_(db), began_(db && db->beginTransaction()) {}
 
   template <typename... Arguments>
   void execute(std::string_view sql, const Arguments&... arguments) {
-    if (began_ && !db_->executeUpdate(sql, arguments...)) failed_ = true;
+    if (!isOpen() || !db_->executeUpdate(sql, arguments...)) failed_ = true;
   }
 
   // True when everything is in the file; otherwise nothing is.
   bool commit() {
-    if (!began_) return false;
+    if (!isOpen()) return false;
     if (!failed_ && db_->commit()) return true;
-    db_->rollback();
+    if (isOpen()) db_->rollback();
     return false;
   }
 
  private:
+  bool isOpen() const { return began_ && db_->isInTransaction(); }
+
   FMDatabase* db_;
   bool began_;
   bool failed_ = false;

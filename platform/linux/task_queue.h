@@ -6,7 +6,8 @@
 
 namespace brevant {
 
-// A thread for each task. Destruction waits until all are done.
+// A thread for each task, the caller's own where the system gives no more. The elder tasks get a
+// short head start. Destruction waits until all are done.
 std::unique_ptr<TaskQueue> makeTaskQueue();
 
 }  // namespace brevant

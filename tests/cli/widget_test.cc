@@ -13,6 +13,9 @@ class Widget : public Cli {
     addActivity("B", "C", 1, "1699999500");
     addInterval("A", 1699990000, 1699990060);
   }
+
+  static constexpr const char* kState =
+      R"({"guid":"B","typeName":"Code","icon":"","color":1,"start":721692800,"message":""})";
 };
 
 TEST_F(Widget, TimelineHasTheEntryAndItsViews) {
@@ -63,9 +66,7 @@ TEST_F(Widget, IntentsPerformAndWaitForTheirTasks) {
   EXPECT_EQ(ask({"intent", "StopActivityIntent", "unknown", "stop"}), Json::object());
   EXPECT_EQ(stateOf("A"), "2\n");
 
-  const std::string state = R"({"guid":"B","typeName":"Code","icon":"","color":1,)"
-                            R"("start":721692800,"message":""})";
-  ask({"live", "start"}, state);
+  ask({"live", "start"}, kState);
   EXPECT_EQ(ask({"intent", "StopActivityLiveIntent", "B", "stop", "--ios-app-on-mac"}),
             Json::object());
   EXPECT_EQ(stateOf("B"), "0\n");
@@ -74,6 +75,21 @@ TEST_F(Widget, IntentsPerformAndWaitForTheirTasks) {
   ASSERT_EQ(records.size(), 1U);
   EXPECT_EQ(records[0]["recordType"], "WidgetUpdate");
   EXPECT_EQ(records[0]["fields"], (Json{{"deviceGuid", ""}}));
+}
+
+// Even when the database has nothing to write in between.
+TEST_F(Widget, ALiveActivityTellsTheOperationBeforeItEnds) {
+  for (int round = 0; round < 10; ++round) {
+    ask({"live", "start"}, kState);
+    ask({"intent", "StopActivityLiveIntent", "B", "Stop"});
+  }
+  const Json ended = ask({"live", "list", "--all"});
+  EXPECT_EQ(ended.size(), 10U);
+  for (const Json& each : ended) {
+    EXPECT_EQ(each["state"], "ended");
+    EXPECT_EQ(each["contentState"]["message"], "Stop");
+  }
+  EXPECT_EQ(stateOf("B"), "1\n");
 }
 
 TEST_F(Widget, BundleFollowsTheSystemVersion) {

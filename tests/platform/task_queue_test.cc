@@ -3,6 +3,8 @@
 #include <atomic>
 #include <future>
 #include <gtest/gtest.h>
+#include <pthread.h>
+#include <thread>
 
 #include "tests/support/fake_platform.h"
 
@@ -49,6 +51,32 @@ TEST(ThreadTaskQueueTest, RunsTasksAtTheSameTimeAndWaitsAtItsEnd) {
     });
   }
   EXPECT_EQ(done, 2);
+}
+
+// So that an update of what another task ends is seen first, however busy the machine is.
+TEST(ThreadTaskQueueTest, GivesTheElderAHeadStart) {
+  for (int round = 0; round < 50; ++round) {
+    std::atomic<char> last = 0;
+    const auto tasks = makeTaskQueue();
+    for (const char each : {'a', 'b', 'c'}) tasks->start([&last, each] { last = each; });
+    tasks->waitUntilIdle();
+    ASSERT_EQ(last, 'c') << round;
+  }
+}
+
+TEST(ThreadTaskQueueTest, RunsTasksItselfWhereThereCanBeNoMoreThreads) {
+  pthread_attr_t normal, huge;
+  ASSERT_EQ(pthread_getattr_default_np(&normal), 0);
+  pthread_attr_init(&huge);
+  pthread_attr_setstacksize(&huge, std::size_t{1} << 50U);
+  ASSERT_EQ(pthread_setattr_default_np(&huge), 0);
+  std::thread::id ran;
+  {
+    const auto tasks = makeTaskQueue();
+    tasks->start([&ran] { ran = std::this_thread::get_id(); });
+  }
+  EXPECT_EQ(pthread_setattr_default_np(&normal), 0);
+  EXPECT_EQ(ran, std::this_thread::get_id());
 }
 
 }  // namespace

@@ -23,8 +23,10 @@ using test::FakeSettings;
 using test::FileLock;
 using test::TestDatabase;
 using testing::Contains;
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 // Its flag outlives the process.
@@ -111,6 +113,24 @@ TEST_F(WriteFaultsTest, AMissingTableUndoesTheWholeWrite) {
   const std::string path = "DB Path: " + file.path;
   EXPECT_THAT(log.lines, ElementsAre(error, StartsWith("DB Query: UPDATE time_intervals"), path,
                                      error, StartsWith("DB Query: INSERT INTO time_int"), path));
+}
+
+// On a full disk SQLite undoes the transaction by itself; later statements would be on their own.
+TEST_F(WriteFaultsTest, AFailureThatEndsTheTransactionEndsTheWrite) {
+  const std::string before = contents();
+  const auto fails = [this](const std::string& event, const auto& write) {
+    file.run("CREATE TRIGGER t BEFORE UPDATE ON " + event +
+             " BEGIN SELECT RAISE(ROLLBACK, 'x'); END");
+    write();
+    file.run("DROP TRIGGER t");
+  };
+  WidgetActivity activity;
+  activity.guid = "a";
+  fails("logs", [this] { pause(); });
+  fails("time_intervals", [&] { WidgetDAO(platform(), file.path).removeLogSilently(activity); });
+  EXPECT_EQ(contents(), before);
+  EXPECT_FALSE(isFlagRaised());
+  EXPECT_THAT(log.lines, Each(Not(HasSubstr("INSERT"))));
 }
 
 TEST_F(WriteFaultsTest, AFileThatStaysLockedIsLeftAlone) {
