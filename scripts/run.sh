@@ -42,11 +42,12 @@ rows "$guid"
 show "$brevant" status
 show "$brevant" resume "$guid"
 
-printf '\nThe widgets as pictures:\n'
+printf '\nThe widgets, and the Live Activity that the tracker would have started, as pictures:\n'
+BREVANT="$brevant" scripts/start_live.sh >/dev/null
 for surface in small medium lock-screen island-compact island-minimal island-expanded; do
     for scheme in light dark; do
-        "$brevant" picture "$surface" --color-scheme "$scheme" -o "$pictures/$surface-$scheme.png" &&
-            echo "  build/pictures/$surface-$scheme.png"
+        "$brevant" picture "$surface" --color-scheme "$scheme" -o "$pictures/$surface-$scheme.png"
+        echo "  build/pictures/$surface-$scheme.png"
     done
 done
 
