@@ -128,7 +128,7 @@ void CardWindow::endIntent(const QString& failure) {
 
 void CardWindow::setContent(std::unique_ptr<QWidget> content) {
   const QWidget* focused = focusWidget();
-  const QString focusedName = focused && focused != this ? focused->accessibleName() : QString();
+  const QString focusedName = focused && focused != this ? focused->objectName() : QString();
   setFocus();
   if (content_) {  // it may be its own event that has led here
     content_->hide();
@@ -139,8 +139,9 @@ void CardWindow::setContent(std::unique_ptr<QWidget> content) {
     content_->setParent(this);
     content_->show();
     watchControls();
-    for (QWidget* child : content_->findChildren<QWidget*>())
-      if (!focusedName.isEmpty() && child->accessibleName() == focusedName) child->setFocus();
+    // What does the same to the same activity: never a neighbour that only has the same word.
+    auto* next = focusedName.isEmpty() ? nullptr : content_->findChild<QWidget*>(focusedName);
+    if (next) next->setFocus();
     dim();
     fit();
     notice_->raise();

@@ -8,6 +8,8 @@ namespace brevant {
 // A button or a link of a view tree: its label is the one child that fills it. It looks pressed
 // while it is, shows a ring when the keyboard reaches it, and is named for a screen reader.
 //
+// Its object name says what it does to which activity, and so is the same in the next card.
+//
 // The host finds the controls of a card with findChildren<Control*>() and tells each how its
 // intent fares. A busy control ignores further clicks, and what its window shows that may be
 // outdated by it dims; a failed one shows so until told otherwise.

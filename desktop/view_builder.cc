@@ -148,7 +148,8 @@ class Builder {
     const QJsonValue intent = node["intent"_L1];
     const IntentCall call{intent["name"_L1].toString(), intent["activityId"_L1].toString(),
                           intent["operation"_L1].toString()};
-    return buildControl(node, inside, call.operation, [call, run = context_.runIntent] {
+    const QString what = call.name + u' ' + call.activityId + u' ' + call.operation;
+    return buildControl(node, inside, {what, call.operation}, [call, run = context_.runIntent] {
       if (run) run(call);
     });
   }
@@ -156,17 +157,24 @@ class Builder {
   Widget buildLink(const QJsonObject& node, const ViewEnvironment& inside) {
     const QString destination = node["destination"_L1].toString();
     const QString operation = QUrlQuery(destination.section(u'?', 1)).queryItemValue(u"action"_s);
-    return buildControl(node, inside, operation, [destination, open = context_.openLink] {
-      if (open) open(destination);
-    });
+    return buildControl(node, inside, {destination, operation},
+                        [destination, open = context_.openLink] {
+                          if (open) open(destination);
+                        });
   }
 
-  Widget buildControl(const QJsonObject& node, const ViewEnvironment& inside,
-                      const QString& operation, std::function<void()> act) {
+  // What a control does: in full, which tells it from every other, and the word for it.
+  struct Deed {
+    QString what, operation;
+  };
+
+  Widget buildControl(const QJsonObject& node, const ViewEnvironment& inside, const Deed& deed,
+                      std::function<void()> act) {
     Widget label = build(node["label"_L1].toObject(), inside);
     if (!label) return nullptr;
     auto control = std::make_unique<Control>(std::move(label));
-    control->setAccessibleName(spokenOperation(operation));
+    control->setObjectName(deed.what);
+    control->setAccessibleName(spokenOperation(deed.operation));
     QObject::connect(control.get(), &Control::clicked, control.get(), std::move(act));
     return control;
   }

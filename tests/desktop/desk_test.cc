@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QLabel>
+#include <QPointer>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
@@ -151,6 +152,23 @@ TEST_F(DeskTest, NamesEveryControlAndReachesItByKeyboard) {
             u"Reading, 1 hour 5 minutes"_s);
   EXPECT_EQ(QAccessible::queryAccessibleInterface(&island())->text(QAccessible::Name),
             u"Live, 1 hour 5 minutes"_s);
+}
+
+TEST_F(DeskTest, TheKeyboardStaysAtTheControlThroughAReload) {
+  showLive({u"1"_s, u"2"_s});
+  showDesk();
+  CardWindow& banner = desk_->window(WindowKind::kLockScreen);
+  banner.setWanted(true);
+  ASSERT_TRUE(waitUntil([&] { return banner.isVisible(); }));
+  for (const auto& name :
+       {u"StopActivityLiveIntent 1 stop"_s, u"StopActivityLiveIntent 2 stop"_s}) {
+    const QPointer<Control> before = banner.findChild<Control*>(name);
+    ASSERT_TRUE(before);
+    before->setFocus();
+    touch();
+    ASSERT_TRUE(waitUntil([&] { return !before; }));
+    EXPECT_EQ(banner.focusWidget()->objectName(), name);
+  }
 }
 
 TEST_F(DeskTest, TheIslandOpensAndCloses) {

@@ -109,7 +109,7 @@ QByteArray presentationOf(const QString& id, const QString& name) {
       "compactLeading":{"view":"Text","text":"NAME"},
       "compactTrailing":{"view":"Text","text":"0:00"},"minimal":{"view":"Text","text":"N"}}})";
   presentation.replace("BUTTON", R"({"view":"Button","intent":{"name":"StopActivityLiveIntent",
-    "activityId":"A","operation":"stop"},"label":{"view":"Text","text":"stop"}})");
+    "activityId":"ID","operation":"stop"},"label":{"view":"Text","text":"stop"}})");
   return presentation.replace("ID", id.toUtf8()).replace("NAME", name.toUtf8());
 }
 
