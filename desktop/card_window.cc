@@ -85,11 +85,10 @@ void CardWindow::setWanted(bool wanted) {
   updateVisibility();
 }
 
-// The window manager learns of it when the window is shown again.
+// The window stays where it is meanwhile: hidden and shown again, it would lose its workspaces.
 void CardWindow::setOnTop(bool onTop) {
-  if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) == onTop) return;
-  setWindowFlag(Qt::WindowStaysOnTopHint, onTop);
-  updateVisibility();
+  overrideWindowFlags(windowFlags().setFlag(Qt::WindowStaysOnTopHint, onTop));
+  if (QWindow* window = windowHandle()) window->setFlag(Qt::WindowStaysOnTopHint, onTop);
 }
 
 void CardWindow::placeAt(QPoint anchor) {
@@ -232,8 +231,12 @@ void CardWindow::moveEvent(QMoveEvent* event) {
 }
 
 void CardWindow::showEvent(QShowEvent* event) {
-  makeDesktopFixture(*this);
+  declareDesktopFixture(*this);
   QWidget::showEvent(event);
+  const auto askWhenShown = [this] {
+    if (isVisible()) askForDesktopFixture(*this);
+  };
+  QMetaObject::invokeMethod(this, askWhenShown, Qt::QueuedConnection);
 }
 
 void CardWindow::closeEvent(QCloseEvent* event) {

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QGuiApplication>
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdlib>
@@ -10,6 +11,10 @@
 
 namespace brevant {
 namespace {
+
+constexpr std::uint32_t kAllWorkspaces = 0xFFFFFFFF;
+// In the messages to the window manager: a state is added, and an ordinary application asks.
+constexpr std::uint32_t kAdd = 1, kApplication = 1;
 
 struct Free {
   void operator()(void* reply) const { std::free(reply); }
@@ -28,20 +33,50 @@ xcb_atom_t atom(xcb_connection_t* server, const QByteArray& name) {
   return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
+// Asks the window manager for what is its own affair once it manages a window.
+void ask(xcb_connection_t* server, xcb_window_t window, xcb_atom_t what,
+         const std::array<std::uint32_t, 5>& data) {
+  xcb_client_message_event_t event = {};
+  event.response_type = XCB_CLIENT_MESSAGE;
+  event.format = 32;
+  event.window = window;
+  event.type = what;
+  std::copy(data.begin(), data.end(), event.data.data32);
+  const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(server)).data->root;
+  xcb_send_event(server, 0, root,
+                 XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                 reinterpret_cast<const char*>(&event));
+}
+
+xcb_window_t idOf(const QWidget& window) {
+  return static_cast<xcb_window_t>(window.internalWinId());
+}
+
 }  // namespace
 
-void makeDesktopFixture(const QWidget& window) {
+void declareDesktopFixture(const QWidget& window) {
   xcb_connection_t* server = connection();
   if (!server) return;
-  const auto id = static_cast<xcb_window_t>(window.internalWinId());
-  const std::uint32_t allWorkspaces = 0xFFFFFFFF;
-  xcb_change_property(server, XCB_PROP_MODE_REPLACE, id, atom(server, "_NET_WM_DESKTOP"),
-                      XCB_ATOM_CARDINAL, 32, 1, &allWorkspaces);
+  xcb_change_property(server, XCB_PROP_MODE_REPLACE, idOf(window), atom(server, "_NET_WM_DESKTOP"),
+                      XCB_ATOM_CARDINAL, 32, 1, &kAllWorkspaces);
   const std::array states{atom(server, "_NET_WM_STATE_STICKY"),
                           atom(server, "_NET_WM_STATE_SKIP_TASKBAR"),
                           atom(server, "_NET_WM_STATE_SKIP_PAGER")};
-  xcb_change_property(server, XCB_PROP_MODE_REPLACE, id, atom(server, "_NET_WM_STATE"),
+  xcb_change_property(server, XCB_PROP_MODE_REPLACE, idOf(window), atom(server, "_NET_WM_STATE"),
                       XCB_ATOM_ATOM, 32, states.size(), states.data());
+}
+
+void askForDesktopFixture(const QWidget& window) {
+  xcb_connection_t* server = connection();
+  if (!server) return;
+  ask(server, idOf(window), atom(server, "_NET_WM_DESKTOP"), {kAllWorkspaces, kApplication});
+  const xcb_atom_t state = atom(server, "_NET_WM_STATE");
+  ask(server, idOf(window), state,
+      {kAdd, atom(server, "_NET_WM_STATE_SKIP_TASKBAR"), atom(server, "_NET_WM_STATE_SKIP_PAGER"),
+       kApplication});
+  ask(server, idOf(window), state,
+      {kAdd, atom(server, "_NET_WM_STATE_STICKY"), XCB_ATOM_NONE, kApplication});
+  xcb_flush(server);
 }
 
 // The compositing manager of a screen owns a selection; this desktop has one screen.

@@ -7,9 +7,12 @@ namespace brevant {
 // What the widget toolkit has no word for where the desktop is an X server. Elsewhere these do
 // nothing, and windows are plain ones.
 
-// Asks the window manager to show the window on every workspace and to leave it out of the list of
-// windows. It is to be called before the window is shown, every time.
-void makeDesktopFixture(const QWidget& window);
+// That the window is shown on every workspace and left out of the list of windows. The first is
+// written on the window every time before it is shown; the second asks the window manager
+// afterwards, since it may still have been clearing away what was written when the window was last
+// hidden.
+void declareDesktopFixture(const QWidget& window);
+void askForDesktopFixture(const QWidget& window);
 
 // Whether transparent windows are blended with what is behind them; only an X server without a
 // compositing manager does not.

@@ -58,6 +58,10 @@ point_at() { # WINDOW X Y: in the window
     eval "$(xdotool getwindowgeometry --shell "$1")"
     xdotool mousemove $((X + $2)) $((Y + $3))
 }
+has_state() { xprop -id "$1" _NET_WM_STATE | grep -q "$2"; } # WINDOW STATE
+is_fixture() { # WINDOW
+    xprop -id "$1" _NET_WM_DESKTOP | grep -q 4294967295 && has_state "$1" SKIP_TASKBAR
+}
 tray_icon() {
     xwininfo -root -tree |
         awk '/"brevant-desktop" "brevant-desktop"/ && match($0, / [0-9]+x[0-9]+\+/) {
@@ -107,14 +111,13 @@ until_true "the widget comes as soon as there is a log" is_shown "Medium widget"
 until_true "the welcome goes" is_hidden "Welcome to Brevant"
 until_true "the tray has an icon" has_tray_icon
 medium=$(window "Medium widget")
-until_true "the widget is on every workspace" \
-    sh -c "xprop -id $medium _NET_WM_DESKTOP | grep -q 4294967295"
+until_true "the widget is on every workspace and in no list" is_fixture "$medium"
 shot widget
 
 # --- Changes of other programs, and the island
 
 live() {
-    printf '{"guid":"%s","typeName":"Programming","icon":"cat_9","color":3900150,"start":%s,"message":""}' \
+    printf '{"guid":"%s","typeName":"Programming","icon":"cat_14","color":3900150,"start":%s,"message":""}' \
         "$activity" "$(($(date +%s) - 978307200 - 600))"
 }
 id=$(live | "$BREVANT" live start)
@@ -131,6 +134,27 @@ is_closed() { ! is_open; }
 until_true "the island closes when the pointer leaves" is_closed
 "$BREVANT" live end "$id"
 until_true "the island goes with its Live Activity" is_hidden "Dynamic Island"
+id=$(live | "$BREVANT" live start)
+until_true "it comes again with the next" is_shown "Dynamic Island"
+until_true "and is on every workspace again" is_fixture "$(window "Dynamic Island")"
+"$BREVANT" live end "$id"
+until_true "it goes again" is_hidden "Dynamic Island"
+
+# --- Always on top: the third from the end of the menu
+
+toggle_on_top() {
+    point_at "$(tray_icon)" 8 8
+    xdotool click 3
+    sleep 1
+    xdotool key Up Up Up Return
+}
+toggle_on_top
+until_true "the widget is kept above others" has_state "$medium" ABOVE
+is_not_above() { ! has_state "$medium" ABOVE; }
+toggle_on_top
+until_true "and no more when that is unchecked" is_not_above
+sleep 1
+until_true "it is on every workspace and in no list all the while" is_fixture "$medium"
 
 # --- Controls
 
