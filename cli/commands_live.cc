@@ -66,10 +66,11 @@ ExitCode list(Context& context, bool endedToo) {
     const auto state = ContentState::decoded(context.platform.coder, activity.contentState);
     const auto* content = std::get_if<ContentState>(&state);
     const bool isActive = activity.state == LiveActivityState::kActive;
-    table.add({{printable(activity.id)},
-               {isActive ? "active" : "ended"},
-               {content == nullptr ? "" : printable(content->typeName)},
-               {content == nullptr ? "" : dateText(content->start, context.platform.calendar)}});
+    table.add(
+        {{printable(activity.id)},
+         {isActive ? "active" : "ended"},
+         {content == nullptr ? "" : printable(content->typeName)},
+         {content == nullptr ? "" : dateText(dateOf(content->start), context.platform.calendar)}});
   }
   context.print(table.text(Colors::kNone));
   return ExitCode::kDone;
@@ -126,7 +127,7 @@ ExitCode show(Context& context, const std::optional<std::string>& id) {
   }
   const auto& state = std::get<ContentState>(decoded);
   if (!context.options.json) {
-    const double elapsed = (context.platform.clock.now() - state.start).count();
+    const double elapsed = (context.platform.clock.now() - dateOf(state.start)).count();
     context.printLine(printable(state.typeName) + "  " + durationText(wholeSeconds(elapsed)));
     return ExitCode::kDone;
   }

@@ -94,7 +94,7 @@ std::size_t std::hash<brevant::ContentState>::operator()(
   feed(state.typeName);
   feed(state.icon);
   feed(state.color);
-  feed(brevant::secondsSince1970(state.start));
+  feed(brevant::secondsSince2001(state.start));
   feed(state.message);
   return seed;
 }

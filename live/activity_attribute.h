@@ -36,7 +36,7 @@ struct ActivityAttribute::ContentState {
   std::string typeName;  // the category's name
   std::string icon;      // the name of the category's icon
   std::uint64_t color = 0;
-  Date start;           // from which the elapsed time counts
+  ReferenceDate start;  // from which the elapsed time counts
   std::string message;  // never shown; a control leaves its operation here before the end
 
   // In the order of coding. A key is known by its text alone, never by a number.

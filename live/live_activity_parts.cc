@@ -36,7 +36,7 @@ View activityIcon(const WidgetManager& manager, const ContentState& state, doubl
 }
 
 View timerText(const ContentState& state) {
-  return dateText(state.start, DateStyle::kTimer);
+  return dateText(dateOf(state.start), DateStyle::kTimer);
 }
 
 View invalidatable(const View& view, const Platform& platform) {

@@ -36,7 +36,7 @@ View startTime(const Bundle& bundle, const ContentState& state) {
   return hstack({.spacing = 0},
                 {
                     text(bundle.localizedString("From") + " : ").font(TextStyle::kFootnote),
-                    dateText(state.start, DateStyle::kTime).font(TextStyle::kFootnote),
+                    dateText(dateOf(state.start), DateStyle::kTime).font(TextStyle::kFootnote),
                     text(" "),
                 });
 }

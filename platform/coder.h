@@ -27,8 +27,8 @@ class KeyedEncoder {
 
   virtual void encode(std::string_view key, std::string_view text) = 0;
   virtual void encode(std::string_view key, std::uint64_t number) = 0;
-  // As floating-point seconds since 2001-01-01 00:00 UTC.
-  virtual void encode(std::string_view key, Date date) = 0;
+  // As floating-point seconds since 2001-01-01 00:00 UTC, without loss.
+  virtual void encode(std::string_view key, ReferenceDate date) = 0;
 };
 
 // One keyed container being read. Types are exact: no text stands for a number, no fraction or
@@ -39,7 +39,7 @@ class KeyedDecoder {
 
   virtual Decoded<std::string> text(std::string_view key) const = 0;
   virtual Decoded<std::uint64_t> unsignedInteger(std::string_view key) const = 0;
-  virtual Decoded<Date> date(std::string_view key) const = 0;
+  virtual Decoded<ReferenceDate> date(std::string_view key) const = 0;
 };
 
 // The coder of both sides. Thread-safe, without state.

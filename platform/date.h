@@ -17,8 +17,23 @@ constexpr double secondsSince1970(Date date) {
   return date.time_since_epoch().count();
 }
 
-// 2001-01-01 00:00 UTC, from which content states count, in seconds since 1970.
+// 2001-01-01 00:00 UTC, from which property lists and content states count, in seconds since 1970.
 inline constexpr double kReferenceDate = 978307200.0;
+
+// A point in time that counts from there. Counting it from 1970 rounds, so that what is passed on
+// to others as it came stays one; what is shown becomes a `Date`.
+struct ReferenceClock {
+  using duration = Seconds;
+};
+using ReferenceDate = std::chrono::time_point<ReferenceClock>;
+
+constexpr double secondsSince2001(ReferenceDate date) {
+  return date.time_since_epoch().count();
+}
+
+constexpr Date dateOf(ReferenceDate date) {
+  return dateFromSeconds(kReferenceDate + secondsSince2001(date));
+}
 
 // Truncates toward zero and saturates: NaN and anything below zero give 0, anything beyond 64 bits
 // the largest value.

@@ -87,7 +87,7 @@ WidgetDAO::WidgetDAO(const Platform& platform, const std::optional<std::string>&
 
 WidgetDAO::~WidgetDAO() = default;
 
-TypeList WidgetDAO::findTypes() {
+TypeList WidgetDAO::findTypes() const {
   std::vector<std::unique_ptr<WidgetType>> types;
   const auto row = db ? db->executeQuery(kSelectTypes) : nullptr;
   while (row && row->next()) types.push_back(WidgetType::typeFromResultSet(*row));
@@ -106,7 +106,7 @@ ActivityList WidgetDAO::findActivities() {
   return activities;
 }
 
-IntervalList WidgetDAO::findIntervals(const std::optional<std::string>& activityGuid) {
+IntervalList WidgetDAO::findIntervals(const std::optional<std::string>& activityGuid) const {
   // One allocation for all rather than one each: there can be very many.
   const auto records = std::make_shared<std::deque<WidgetInterval>>();
   const Argument guid(activityGuid);

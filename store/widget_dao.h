@@ -27,7 +27,7 @@ class WidgetDAO {
   WidgetDAO& operator=(const WidgetDAO&) = delete;
 
   // All visible categories and groups, flat, in `order_num` order; no children are filled.
-  TypeList findTypes();
+  [[nodiscard]] TypeList findTypes() const;
 
   // Running and paused activities with their intervals: running first, latest start first; then
   // those without intervals; then the one paused last first.
@@ -55,7 +55,7 @@ class WidgetDAO {
 
  private:
   class Write;
-  IntervalList findIntervals(const std::optional<std::string>& activityGuid);
+  [[nodiscard]] IntervalList findIntervals(const std::optional<std::string>& activityGuid) const;
   void insertInterval(Write& write, const WidgetActivity& activity, WidgetInterval& interval);
   void finish(Write& write);
   [[nodiscard]] std::optional<Date> minuteOf(const std::optional<Date>& date) const;

@@ -9,12 +9,16 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+std::string inQuotes(std::string_view key) {
+  return "\"" + std::string(key) + "\"";
+}
+
 class JsonEncoder : public KeyedEncoder {
  public:
   void encode(std::string_view key, std::string_view text) override { put(key, text); }
   void encode(std::string_view key, std::uint64_t number) override { put(key, number); }
-  void encode(std::string_view key, Date date) override {
-    const double seconds = secondsSince1970(date) - kReferenceDate;
+  void encode(std::string_view key, ReferenceDate date) override {
+    const double seconds = secondsSince2001(date);
     isComplete_ = isComplete_ && std::isfinite(seconds);
     put(key, seconds);
   }
@@ -51,10 +55,10 @@ class JsonDecoder : public KeyedDecoder {
                                 "a whole number from 0 to 18446744073709551615");
   }
 
-  Decoded<Date> date(std::string_view key) const override {
+  Decoded<ReferenceDate> date(std::string_view key) const override {
     const Decoded<double> seconds = value<double>(key, &Json::is_number, "a number of seconds");
     if (const auto* error = std::get_if<DecodingError>(&seconds)) return *error;
-    return dateFromSeconds(std::get<double>(seconds) + kReferenceDate);
+    return ReferenceDate(Seconds(std::get<double>(seconds)));
   }
 
  private:
@@ -62,15 +66,35 @@ class JsonDecoder : public KeyedDecoder {
   Decoded<Value> value(std::string_view key, bool (Json::*hasType)() const noexcept,
                        const char* expected) const {
     const auto found = object_.find(key);
-    if (found == object_.end()) return DecodingError{quoted(key) + " is missing"};
-    if (!((*found).*hasType)()) return DecodingError{quoted(key) + " is not " + expected};
+    if (found == object_.end()) return DecodingError{inQuotes(key) + " is missing"};
+    if (!((*found).*hasType)()) return DecodingError{inQuotes(key) + " is not " + expected};
     return found->template get<Value>();
   }
 
-  static std::string quoted(std::string_view key) { return "\"" + std::string(key) + "\""; }
-
   const Json& object_;
 };
+
+// The object that the text stands for.
+Decoded<Json> parsed(std::string_view coded) {
+  std::set<std::string> keys;
+  std::optional<std::string> key, repeated;  // the object's own: the last one; one that came again
+  const auto look = [&](int depth, Json::parse_event_t event, const Json& value) {
+    if (depth != 1 || event != Json::parse_event_t::key) return true;
+    key = value.get<std::string>();
+    if (!keys.insert(*key).second) repeated = key;
+    return true;
+  };
+  try {
+    Json object = Json::parse(coded, look);
+    if (!object.is_object()) return DecodingError{"The content is no JSON object"};
+    if (repeated) return DecodingError{inQuotes(*repeated) + " stands there twice"};
+    return object;
+  } catch (const Json::out_of_range&) {
+    if (key) return DecodingError{inQuotes(*key) + " holds a number beyond all bounds"};
+  } catch (const Json::exception&) {  // told below
+  }
+  return DecodingError{"The content is no JSON"};
+}
 
 class JsonCoder : public Coder {
  public:
@@ -83,22 +107,9 @@ class JsonCoder : public Coder {
 
   std::optional<DecodingError> decode(
       std::string_view coded, const std::function<void(const KeyedDecoder&)>& read) const override {
-    std::set<std::string> keys;
-    std::optional<std::string> repeated;
-    const Json object = Json::parse(
-        coded,
-        [&](int depth, Json::parse_event_t event, Json& parsed) {
-          const bool isKey = depth == 1 && event == Json::parse_event_t::key;
-          if (isKey && !keys.insert(parsed.get<std::string>()).second) {
-            repeated = parsed.get<std::string>();
-          }
-          return true;
-        },
-        false);
-    if (object.is_discarded()) return DecodingError{"The content is no JSON"};
-    if (!object.is_object()) return DecodingError{"The content is no JSON object"};
-    if (repeated) return DecodingError{"\"" + *repeated + "\" stands there twice"};
-    read(JsonDecoder(object));
+    const Decoded<Json> object = parsed(coded);
+    if (const auto* error = std::get_if<DecodingError>(&object)) return *error;
+    read(JsonDecoder(std::get<Json>(object)));
     return std::nullopt;
   }
 };

@@ -9,12 +9,9 @@ namespace {
 
 using ::testing::HasSubstr;
 
-const ContentState kState{"G-1",
-                          "Lesen \xF0\x9F\x93\x96",
-                          "cat_7",
-                          0xFFFF'FFFF'FFFF'FFFF,
-                          dateFromSeconds(kReferenceDate + 0.25),
-                          "hello"};
+const ContentState kState{
+    "G-1",  "Lesen \xF0\x9F\x93\x96", "cat_7", 0xFFFF'FFFF'FFFF'FFFF, ReferenceDate(Seconds(0.25)),
+    "hello"};
 constexpr const char* kCoded =
     R"({"guid":"G-1","typeName":"Lesen 📖","icon":"cat_7","color":18446744073709551615,)"
     R"("start":0.25,"message":"hello"})";
@@ -37,6 +34,12 @@ TEST_F(Coding, IsTheContractWithTheMainApplication) {
   EXPECT_EQ(errorOf(R"({"message":"","start":-1,"color":0,"icon":"","typeName":"","guid":"",)"
                     R"("more":[]})"),
             "");
+  // Counted from 1970 these would be others.
+  for (const char* start : {"721692800.123", "0.1", "-0.1", "1e-300"}) {
+    const std::string coded = R"({"guid":"","typeName":"","icon":"","color":0,"start":)" +
+                              std::string(start) + R"(,"message":""})";
+    EXPECT_EQ(std::get<ContentState>(ContentState::decoded(*coder, coded)).encoded(*coder), coded);
+  }
 }
 
 TEST_F(Coding, FailsWithTheFirstKeyThatIsMissingOrOfAnotherType) {
@@ -50,6 +53,7 @@ TEST_F(Coding, FailsWithTheFirstKeyThatIsMissingOrOfAnotherType) {
       {R"({"guid":"","typeName":"","icon":"","color":0.5,"start":0,"message":""})", "color"},
       {R"({"guid":"","typeName":"","icon":"","color":"1","start":0,"message":""})", "color"},
       {R"({"guid":"","typeName":"","icon":"","color":0,"start":"0"})", "start"},
+      {R"({"guid":"","typeName":"","icon":"","color":0,"start":1e999,"message":""})", "start"},
       {R"({"guid":"","typeName":"","icon":"","color":0,"start":0})", "message"},
   };
   for (const auto& [coded, key] : cases) {

@@ -8,6 +8,8 @@
 namespace brevant {
 namespace {
 
+const ReferenceDate kStart(Seconds(1000.5 - kReferenceDate));
+
 using test::outline;
 using ::testing::HasSubstr;
 using ::testing::Not;
@@ -27,7 +29,7 @@ class LiveActivityViews : public ::testing::Test {
   }
 
   test::FakePlatform fakes;
-  ContentState state{"abc", "Reading", "cat_1", 255, dateFromSeconds(1000.5), "never shown"};
+  ContentState state{"abc", "Reading", "cat_1", 255, kStart, "never shown"};
 };
 
 TEST_F(LiveActivityViews, LockScreenIsTwoRowsBelowAThinSpace) {

@@ -9,6 +9,8 @@
 namespace brevant {
 namespace {
 
+const ReferenceDate kStart(Seconds(1000.5 - kReferenceDate));
+
 class StopActivityLive : public ::testing::Test {
  protected:
   StopActivityLive() {
@@ -23,7 +25,7 @@ class StopActivityLive : public ::testing::Test {
   }
 
   void start(const std::string& guid) {
-    const ContentState state{guid, "Reading", "cat_7", 255, dateFromSeconds(1000.5), "-"};
+    const ContentState state{guid, "Reading", "cat_7", 255, kStart, "-"};
     static_cast<void>(fakes.liveActivities.start(*state.encoded(fakes.coder)));
   }
 
@@ -68,7 +70,7 @@ TEST_F(StopActivityLive, ChangesTheActivityAndTakesTheFirstOfItsLiveActivitiesDo
 TEST_F(StopActivityLive, UpdatesNothingButTheMessage) {
   StopActivityLiveIntent("A", "pause").perform(fakes.platform());
   fakes.tasks.waitUntilIdle();
-  const ContentState expected{"A", "Reading", "cat_7", 255, dateFromSeconds(1000.5), "pause"};
+  const ContentState expected{"A", "Reading", "cat_7", 255, kStart, "pause"};
   EXPECT_EQ(fakes.liveActivities.all[2].contentState, expected.encoded(fakes.coder));
 }
 

@@ -32,8 +32,8 @@ class LineEncoder : public KeyedEncoder {
   void encode(std::string_view key, std::uint64_t number) override {
     line(key, 'u') << number << '\n';
   }
-  void encode(std::string_view key, Date date) override {
-    line(key, 'd') << std::hexfloat << secondsSince1970(date) - kReferenceDate << '\n';
+  void encode(std::string_view key, ReferenceDate date) override {
+    line(key, 'd') << std::hexfloat << secondsSince2001(date) << '\n';
   }
 
   std::ostringstream text;
@@ -61,10 +61,10 @@ class LineDecoder : public KeyedDecoder {
     if (!value.starts_with('u')) return DecodingError{std::string(key)};
     return std::uint64_t{std::stoull(value.substr(1))};
   }
-  Decoded<Date> date(std::string_view key) const override {
+  Decoded<ReferenceDate> date(std::string_view key) const override {
     const std::string value = find(values_, std::string(key));
     if (!value.starts_with('d')) return DecodingError{std::string(key)};
-    return dateFromSeconds(std::strtod(value.c_str() + 1, nullptr) + kReferenceDate);
+    return ReferenceDate(Seconds(std::strtod(value.c_str() + 1, nullptr)));
   }
 
  private:
