@@ -91,7 +91,7 @@ ExitCode update(Context& context, const std::string& id) {
   constexpr std::size_t kMostContent = 4096;
   const auto coded = codedInput(context);
   if (const auto* error = std::get_if<Unreadable>(&coded)) return context.refuse(error->why);
-  const std::string& content = std::get<std::string>(coded);
+  const auto& content = std::get<std::string>(coded);
   if (content.size() > kMostContent) {
     return context.refuse("the content state has more than " + std::to_string(kMostContent) +
                           " bytes");

@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/linux/durable_file.h"
 #include "platform/linux/shared_document.h"
 #include "platform/uuid.h"
 
@@ -39,13 +40,15 @@ Json coded(const Entry& entry) {
           {"ended", isActive(entry) ? Json() : Json(entry.ended)}};
 }
 
-// Absent when the text is no registry.
+// Absent when the text is no registry. The limit of a content state holds here too: those who take
+// it apart rely on it being small.
 std::optional<std::vector<Entry>> decoded(const std::string& text) {
   std::vector<Entry> entries;
   try {
     const Json document = Json::parse(text);
     for (const Json& each : document.at("activities")) {
       entries.push_back(decodedEntry(each));
+      if (entries.back().activity.contentState.size() > kMaxContentState) return std::nullopt;
     }
   } catch (const Json::exception&) {
     return std::nullopt;
@@ -116,7 +119,10 @@ class Registry : public LiveActivityCenter {
   template <typename Predicate>
   std::vector<LiveActivity> list(const Predicate& wanted) const {
     const std::optional<std::string> text = file_.read();
-    if (!text) return {};
+    if (!text) {
+      if (fileExists(file_.path())) log_.write(file_.path() + ": cannot be read");
+      return {};
+    }
     const std::optional<std::vector<Entry>> entries = decoded(*text);
     if (!entries) {
       log_.write(file_.path() + ": is no registry of Live Activities");
@@ -148,6 +154,7 @@ class Registry : public LiveActivityCenter {
 
   template <typename Edit>
   bool changeActive(const std::string& id, const Edit& edit) {
+    if (!fileExists(file_.path())) return false;  // not even a folder is made for nothing
     bool found = false;
     const std::string problem = change([&](std::vector<Entry>& entries) {
       const auto entry = std::find_if(entries.begin(), entries.end(), [&](const Entry& each) {

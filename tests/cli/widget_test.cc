@@ -179,5 +179,14 @@ TEST_F(LiveActivities, RefuseWhatDoesNotDecodeOrFit) {
   EXPECT_EQ(run({"live", "show", "--json"}).signal, SIGABRT);  // a colour beyond 32 bits
 }
 
+TEST_F(LiveActivities, SurviveContentOfAnyDepth) {
+  for (const std::size_t half : {2048U, 1'000'000U}) {  // the most there can be, and far beyond
+    const std::string content = std::string(half, '[') + std::string(half, ']');
+    const Json entry{{"id", "deep"}, {"contentState", content}, {"ended", nullptr}};
+    write("LiveActivities/activities.json", Json{{"activities", Json::array({entry})}}.dump());
+    EXPECT_EQ(ask({"live", "list"}).size(), half == 2048 ? 1U : 0U);
+  }
+}
+
 }  // namespace
 }  // namespace brevant::test

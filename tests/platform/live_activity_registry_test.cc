@@ -93,7 +93,9 @@ TEST_F(LiveActivityRegistryTest, NeverOverwritesABrokenFile) {
   const std::string whole = folder.read(kFile);
   for (const std::string& contents :
        {std::string(), std::string("[]"), std::string("{\"activities\":[{\"id\":5}]}"),
-        whole.substr(0, whole.size() / 2), std::string(100'000, '[')}) {
+        whole.substr(0, whole.size() / 2), std::string(100'000, '['),
+        whole.substr(0, whole.find("{}")) + std::string(4097, '[') + "\",\"ended\":null}]}",
+        std::string((std::size_t{16} << 20U) + 1, ' ')}) {
     folder.write(kFile, contents);
     EXPECT_THAT(center->allActivities(), IsEmpty());
     EXPECT_EQ(start(*center, "{}"), "");
@@ -102,6 +104,13 @@ TEST_F(LiveActivityRegistryTest, NeverOverwritesABrokenFile) {
     EXPECT_THAT(log.lines, testing::AllOf(SizeIs(3), testing::Each(HasSubstr(kFile))));
     log.lines.clear();
   }
+}
+
+TEST_F(LiveActivityRegistryTest, MakesNothingForAnIdThatNobodyHas) {
+  EXPECT_FALSE(open()->end("unknown", DismissalPolicy::kImmediate));
+  EXPECT_FALSE(open()->update("unknown", "{}"));
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path));
+  EXPECT_THAT(log.lines, IsEmpty());
 }
 
 TEST_F(LiveActivityRegistryTest, LosesNothingBetweenTwoProcesses) {
