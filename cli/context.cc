@@ -29,9 +29,9 @@ Platform watched(const Platform& real, RandomSource& random, Log& log) {
 
 }  // namespace
 
-Context::Context(const GlobalOptions& globalOptions, std::vector<std::string> words,
+Context::Context(GlobalOptions globalOptions, std::vector<std::string> words,
                  NotificationService* service)
-    : options(globalOptions),
+    : options(std::move(globalOptions)),
       arguments(std::move(words)),
       notifications(service),
       container(options.container.value_or(defaultContainer())),

@@ -22,9 +22,9 @@ class WidgetManager;
 // done, so that a command that fails prints none; messages go to stderr at once.
 class Context {
  public:
-  // `notifications` is borrowed, and null in the program that has none.
-  Context(const GlobalOptions& options, std::vector<std::string> arguments,
-          NotificationService* notifications);
+  // `service` shows notifications; it is borrowed, and null in the program that has none.
+  Context(GlobalOptions globalOptions, std::vector<std::string> words,
+          NotificationService* service);
   ~Context();
   Context(const Context&) = delete;
   Context& operator=(const Context&) = delete;

@@ -35,7 +35,7 @@ QIcon dotOf(const QJsonValue& category) {
   painter.setPen(Qt::NoPen);
   painter.setBrush(QColor::fromRgb(static_cast<QRgb>(category["color"_L1].toInteger())));
   painter.drawEllipse(6, 6, 20, 20);
-  return QIcon(dot);
+  return dot;
 }
 
 // "Pause" while it can only mean one activity, "Pause Reading" otherwise.

@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
 # Everything that must hold before a change lands: style, layering, all tests, all tests again under
-# the address and undefined-behaviour sanitizers, and a short run of every fuzz target.
-# scripts/check_tidy.sh, the lint, takes as long again and is run by hand.
+# the address and undefined-behaviour sanitizers, a short run of every fuzz target, and the lint.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -25,5 +24,8 @@ ctest --preset asan
 
 step "Fuzz targets, a short run each"
 scripts/fuzz.sh
+
+step "Lint"
+scripts/check_tidy.sh build/dev
 
 step "All passed"

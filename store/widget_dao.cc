@@ -94,7 +94,7 @@ TypeList WidgetDAO::findTypes() const {
   return sharedTypes(std::move(types));
 }
 
-ActivityList WidgetDAO::findActivities() {
+ActivityList WidgetDAO::findActivities() const {
   ActivityList activities;
   const auto row = db ? db->executeQuery(kSelectActivities) : nullptr;
   while (row && row->next()) {

@@ -31,7 +31,7 @@ class WidgetDAO {
 
   // Running and paused activities with their intervals: running first, latest start first; then
   // those without intervals; then the one paused last first.
-  ActivityList findActivities();
+  ActivityList findActivities() const;
 
   // Stores a new activity; it and its intervals get new guids.
   void save(WidgetActivity& activity);
