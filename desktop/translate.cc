@@ -53,8 +53,13 @@ QLocale messagesLocale() {
 }
 
 void useMessagesOfEnvironment() {
-  // A locale that is not installed still names a language that may have a translation.
-  if (!std::setlocale(LC_MESSAGES, "")) std::setlocale(LC_MESSAGES, "C.UTF-8");
+  // A locale that is not installed still names a language that may have a translation; the C
+  // library would only look for it in the list of languages.
+  if (!std::setlocale(LC_MESSAGES, "")) {
+    std::setlocale(LC_MESSAGES, "C.UTF-8");
+    if (qEnvironmentVariableIsEmpty("LANGUAGE"))
+      qputenv("LANGUAGE", localeOfEnvironment().section(u'.', 0, 0).toLocal8Bit());
+  }
   bindtextdomain(kDomain, localeFolder().constData());
   bind_textdomain_codeset(kDomain, "UTF-8");
 }

@@ -98,7 +98,27 @@ pids+=($!)
 dunst >/dev/null 2>&1 &
 pids+=($!)
 
-# --- First start, without any log
+# --- First start, without any log; in a language that reads from the right, for a look
+
+colors_at() { # WINDOW GEOMETRY: how many there are
+    import -window "$1" -crop "$2" +repage png:- | identify -format %k png:-
+}
+LANGUAGE=ar "$desktop" >"$work/host.log" 2>&1 &
+pids+=($!)
+welcome() { xdotool search --onlyvisible --name "Brevant" 2>/dev/null | head -n 1; }
+has_icon_at_right() {
+    local WINDOW X Y WIDTH HEIGHT SCREEN
+    [ -n "$(welcome)" ] || return
+    eval "$(xdotool getwindowgeometry --shell "$(welcome)")"
+    [ "$(colors_at "$WINDOW" 64x64+$((WIDTH - 88))+24)" -gt 1 ] &&
+        [ "$(colors_at "$WINDOW" 64x64+24+24)" -eq 1 ]
+}
+until_true "an Arabic welcome is laid out from the right" has_icon_at_right
+shot arabic
+kill "${pids[-1]}"
+until_true "and ends" sh -c "! kill -0 ${pids[-1]} 2>/dev/null"
+
+# --- The first start of an English session
 
 "$desktop" >"$work/host.log" 2>&1 &
 host=$!
