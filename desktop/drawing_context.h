@@ -3,6 +3,7 @@
 #include <QLocale>
 #include <QString>
 #include <functional>
+#include <limits>
 
 namespace brevant {
 
@@ -21,6 +22,9 @@ struct DrawingContext {
   std::function<double()> now;  // seconds since 1970; stands still for pictures
   std::function<void(const IntentCall&)> runIntent;  // may be empty: buttons do nothing
   std::function<void(const QString&)> openLink;      // may be empty: links do nothing
+  // Points: an image of its own size that is larger would leave no room for anything beside it, and
+  // is drawn that large instead.
+  double largestImage = std::numeric_limits<double>::infinity();
 };
 
 }  // namespace brevant

@@ -23,7 +23,7 @@ constexpr double kBannerRadius = 26;
 
 constexpr int kIslandHeight = 37;
 constexpr int kCameraWidth = 112;
-constexpr int kLeastSideWidth = 52, kMostSideWidth = 144;
+constexpr int kLeastSideWidth = 52, kMostSideWidth = 170;
 constexpr int kSideInset = 12;
 constexpr double kExpandedRadius = 42;
 constexpr int kExpandedInset = 8;  // the round corners need more than the regions' own paddings
@@ -102,7 +102,8 @@ Widget expandedIsland(const QJsonObject& regions, const DrawingContext& context)
 }
 
 Widget widgetCard(const QJsonObject& entry, QLatin1StringView family, QSize size,
-                  const DrawingContext& context) {
+                  DrawingContext context) {
+  context.largestImage = std::min(size.width(), size.height()) / 3.0;
   return makeCard(buildView(entry["views"_L1][family].toObject(), context), size,
                   widgetLook(context.colorScheme, kWidgetRadius));
 }

@@ -97,6 +97,10 @@ class Builder {
     if (!source) return nullptr;
     const auto sizing = hasModifier(modifiers, "resizable"_L1) ? ImageView::Sizing::kResizable
                                                                : ImageView::Sizing::kNatural;
+    const double most = context_.largestImage;
+    const bool isTooLarge = source->size.width() > most || source->size.height() > most;
+    if (sizing == ImageView::Sizing::kNatural && isTooLarge)
+      source->size.scale(most, most, Qt::KeepAspectRatio);
     return std::make_unique<ImageView>(std::move(*source), sizing, inside.opacity);
   }
 

@@ -53,7 +53,22 @@ TEST(Surface, TheIslandGrowsWithItsTextsButKeepsTheCameraInTheMiddle) {
   const int most = sizeOf(Surface::kIslandCompact, presentation(QByteArray(60, 'x'))).width();
   EXPECT_LT(bare, one);
   EXPECT_LT(one, most);
-  EXPECT_LE(most, 400);
+  EXPECT_LE(most, 460);
+  // A usual name is shown in full: two spaces and an icon before it.
+  QJsonObject usual = presentation("");
+  QJsonObject island = usual["dynamicIsland"_L1].toObject();
+  island["compactLeading"_L1] = viewTree("{'view':'HStack','children':[" + text("  ") +
+                                         ",{'view':'Text','text':'i',"
+                                         "'modifiers':[{'frame':{'width':20,'height':20}}]}," +
+                                         text("Programming") + "]}");
+  usual["dynamicIsland"_L1] = island;
+  const auto compact = buildSurface(Surface::kIslandCompact, usual, drawingContext());
+  EXPECT_FALSE(drawn(*compact).isNull());
+  for (const QWidget* part : compact->findChildren<QWidget*>()) {
+    if (part->accessibleName() == u"Programming"_s) {
+      EXPECT_GE(part->width(), part->sizeHint().width());
+    }
+  }
   for (const char* name : {"x", "Reading a book"}) {
     const QImage image = card(Surface::kIslandCompact, presentation(name));
     const QRect camera(image.width() / 2 - 50, kCardMargin + 2, 100, 33);
@@ -77,6 +92,28 @@ TEST(Surface, FollowsTheColourSchemeExceptTheIsland) {
     EXPECT_EQ(middle(surface, ColorScheme::kLight), QColor(Qt::black));
     const QImage light = card(surface, presentation("x"));
     EXPECT_EQ(light, card(surface, presentation("x"), 1, ColorScheme::kDark));
+  }
+}
+
+// A picture of the user's own counts a point per pixel; the name beside it and the time below stay.
+TEST(Surface, AWidgetKeepsRoomBesideAnImageOfAnySize) {
+  const QByteArray image = "{'view':'Image','image':{'width':256,'height':128,'scale':1,'png':'" +
+                           fourColors(16) + "'}}";
+  const QJsonObject entry = viewTree(
+      "{'views':{'systemSmall':{'view':'VStack','children':[{'view':'HStack','children':[" + image +
+      "," + text("Reading") + "]}," + text("0:05") + "]}}}");
+  const auto small = buildSurface(Surface::kSmall, entry, drawingContext());
+  const QImage picture = drawn(*small);
+  QRect red;
+  for (int y = 0; y < picture.height(); ++y)
+    for (int x = 0; x < picture.width(); ++x)
+      if (picture.pixelColor(x, y) == QColor(Qt::red)) red |= QRect(x, y, 1, 1);
+  EXPECT_NEAR(red.width(), 26, 2) << "a quarter of the image: half of a third of the card";
+  EXPECT_NEAR(red.height(), 13, 2) << "its shape is kept";
+  for (const QWidget* part : small->findChildren<QWidget*>()) {
+    if (part->accessibleName() == u"Reading"_s) {
+      EXPECT_GE(part->width(), part->sizeHint().width());
+    }
   }
 }
 
