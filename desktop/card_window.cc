@@ -65,6 +65,7 @@ CardWindow::CardWindow(WindowKind kind, Anchor anchor, DrawingContext drawing)
       notice_(makeNotice(this)) {
   setAttribute(Qt::WA_TranslucentBackground);
   setAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_AlwaysShowToolTips);  // a widget on the desktop is seldom the active window
   setFocusPolicy(Qt::StrongFocus);
   setObjectName(wordOf(kind));
   setWindowTitle(titleOf(kind));

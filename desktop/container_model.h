@@ -39,6 +39,8 @@ class ContainerModel : public QObject {
   // The entry of the timeline to show; the placeholder while there never was one; empty when not
   // even that can be had.
   [[nodiscard]] QJsonObject entry() const;
+  // Whether entry() is of the log, and not of a placeholder that only looks like it.
+  [[nodiscard]] bool isEntryOfLog() const { return timeline_.lastGood().has_value(); }
   [[nodiscard]] const QString& entryTrouble() const { return timeline_.trouble(); }
   // The presentations of the running Live Activities.
   [[nodiscard]] QJsonArray liveActivities() const;

@@ -1,13 +1,12 @@
 #include "desktop/desk.h"
 
-#include <QDesktopServices>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QUrl>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 
+#include "desktop/link_opener.h"
 #include "desktop/spoken.h"
 #include "desktop/translate.h"
 
@@ -133,8 +132,9 @@ void Desk::runIntent(CardWindow& window, const IntentCall& call) {
 }
 
 void Desk::openLink(CardWindow& window, const QString& destination) {
-  if (!QDesktopServices::openUrl(QUrl(destination)))
-    window.say(translate("Nothing here opens this link"));
+  brevant::openLink(destination, &window, [&window](const QString& failure) {
+    if (!failure.isEmpty()) window.say(failure);
+  });
 }
 
 void Desk::showWindow(WindowKind kind, bool wanted) {
@@ -144,9 +144,14 @@ void Desk::showWindow(WindowKind kind, bool wanted) {
 }
 
 void Desk::showEntry() {
-  small_.showEntry(model_.entry(), model_.entryTrouble());
-  medium_.showEntry(model_.entry(), model_.entryTrouble());
-  const bool runs = !model_.entry()["name"_L1].toString().isEmpty();
+  for (WidgetWindow* widget : {&small_, &medium_}) {
+    if (model_.isEntryOfLog()) {
+      widget->showEntry(model_.entry(), model_.entryTrouble());
+    } else {
+      widget->showPlaceholder(model_.entry(), model_.entryTrouble());
+    }
+  }
+  const bool runs = model_.isEntryOfLog() && !model_.entry()["name"_L1].toString().isEmpty();
   tray_.setImage(runs ? model_.entry()["icon"_L1].toObject() : QJsonObject());
   showHeadline();
 }
@@ -186,6 +191,8 @@ CardWindow* Desk::visibleWindow() {
 }
 
 QString Desk::headline() const {
+  if (!model_.isEntryOfLog())
+    return model_.entryTrouble().isEmpty() ? u"Brevant"_s : model_.entryTrouble();
   return spokenEntry(model_.entry(), now_());
 }
 

@@ -90,7 +90,10 @@ QString IslandWindow::spokenText() const {
 }
 
 void IslandWindow::takeClick(QPoint position) {
-  if (isExpanded()) return collapse();
+  if (isExpanded()) {
+    wasJustClosed_ = true;
+    return collapse();
+  }
   for (QWidget* under = childAt(position); under && under != this; under = under->parentWidget())
     if (dynamic_cast<Pill*>(under)) return expand(under->objectName());
 }
@@ -117,13 +120,15 @@ void IslandWindow::enterEvent(QEnterEvent*) {
 }
 
 void IslandWindow::leaveEvent(QEvent*) {
+  wasJustClosed_ = false;
   hover_.stop();
   if (isExpanded()) leave_.start(kLeaveCloses);
 }
 
-// Watches the pills for the pointer.
+// Watches the pills for the pointer. One that appears under it at a closing click was not pointed
+// at.
 bool IslandWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Enter) {
+  if (event->type() == QEvent::Enter && !wasJustClosed_) {
     pointedAtId_ = watched->objectName();
     hover_.start(kHoverOpens);
   }

@@ -39,6 +39,7 @@ class IslandWindow : public CardWindow {
   QJsonArray presentations_;
   QString expandedId_;  // empty: none is open
   QString pointedAtId_;
+  bool wasJustClosed_ = false;  // by a click; until the pointer leaves
   QTimer hover_, leave_;
 };
 

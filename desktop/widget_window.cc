@@ -1,5 +1,6 @@
 #include "desktop/widget_window.h"
 
+#include "desktop/control.h"
 #include "desktop/spoken.h"
 #include "desktop/surface.h"
 #include "desktop/translate.h"
@@ -23,10 +24,21 @@ WidgetWindow::WidgetWindow(WindowKind kind, const DrawingContext& drawing)
     : CardWindow(kind, Anchor::kTopLeft, drawing) {}
 
 void WidgetWindow::showEntry(const QJsonObject& entry, const QString& trouble) {
-  entry_ = entry.isEmpty() ? entrySaying(trouble) : entry;
-  const Surface surface = kind() == WindowKind::kSmall ? Surface::kSmall : Surface::kMedium;
-  setContent(buildSurface(surface, entry_, drawing()));
+  entry_ = entry;
+  draw(entry);
   setTrouble(trouble);
+}
+
+void WidgetWindow::showPlaceholder(const QJsonObject& placeholder, const QString& trouble) {
+  entry_ = entrySaying(trouble);
+  draw(placeholder.isEmpty() ? entry_ : placeholder);
+  for (Control* control : content()->findChildren<Control*>()) control->setEnabled(false);
+  setTrouble(trouble);
+}
+
+void WidgetWindow::draw(const QJsonObject& entry) {
+  const Surface surface = kind() == WindowKind::kSmall ? Surface::kSmall : Surface::kMedium;
+  setContent(buildSurface(surface, entry, drawing()));
 }
 
 QString WidgetWindow::spokenText() const {

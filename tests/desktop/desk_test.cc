@@ -1,11 +1,14 @@
 #include "desktop/desk.h"
 
 #include <QAccessible>
+#include <QFileInfo>
+#include <QJsonDocument>
 #include <QLabel>
 #include <QPointer>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolTip>
 #include <gmock/gmock.h>
 
 #include "desktop/card_row.h"
@@ -104,6 +107,10 @@ TEST_F(DeskTest, MarksWhatIsOutOfDateAndTellsWhy) {
   EXPECT_THAT(medium().toolTip().toStdString(), testing::HasSubstr("crashed"));
   EXPECT_TRUE(medium().spokenText().startsWith(u"Reading"_s));
   EXPECT_TRUE(pauseButton());
+  QApplication::setActiveWindow(nullptr);
+  ASSERT_FALSE(medium().isActiveWindow());
+  QTest::mouseMove(&medium());
+  EXPECT_TRUE(waitUntil([&] { return QToolTip::text() == medium().toolTip(); }));
   fake_.misbehave("");
   touch();
   EXPECT_TRUE(waitUntil([&] { return medium().toolTip().isEmpty(); }));
@@ -114,6 +121,45 @@ TEST_F(DeskTest, SaysOnTheCardWhyThereNeverWasAnything) {
   makeDesk();
   EXPECT_TRUE(waitUntil([&] { return medium().isVisible(); }));
   EXPECT_THAT(medium().spokenText().toStdString(), testing::HasSubstr("code 2"));
+}
+
+TEST_F(DeskTest, APlaceholderIsNeitherToldNorWorked) {
+  const QJsonValue sleep = QJsonDocument::fromJson(timelineOf(u"Sleep"_s))["entries"_L1][0];
+  fake_.answer(u"placeholder"_s, QJsonDocument(sleep.toObject()).toJson());
+  fake_.misbehave("[ \"$1\" = placeholder ] || { echo 'no log' >&2; exit 1; }");
+  showDesk();
+  QTest::mouseClick(pauseButton(), Qt::LeftButton);
+  letPass(50);
+  EXPECT_TRUE(fake_.calls(u"intent"_s).isEmpty());
+  EXPECT_EQ(medium().spokenText(), u"no log"_s);
+  QStringList headlines;
+  for (const QWidget* window : QApplication::topLevelWidgets())
+    if (const auto* menu = qobject_cast<const HostMenu*>(window))
+      headlines << menu->actions().first()->text();
+  EXPECT_EQ(headlines, QStringList({u"no log"_s, u"no log"_s}));
+}
+
+// The desktop's helper is the first `xdg-open` on the path.
+TEST_F(DeskTest, SaysWhenALinkDoesNotWork) {
+  const QString helper = folder_.filePath(u"xdg-open"_s);
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", QFile::encodeName(folder_.path()) + ':' + path);
+  const auto openWith = [&](const QByteArray& script) {
+    writeFile(helper, "#!/bin/sh\n" + script + '\n');
+    QFile::setPermissions(helper, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QTest::mouseClick(medium().findChildren<Control*>().at(1), Qt::LeftButton);
+  };
+  showDesk();
+  openWith("echo $1 > ${0}ed");
+  EXPECT_TRUE(waitUntil([&] { return QFileInfo(helper + u"ed"_s).size() == 54; }));
+  letPass(50);
+  EXPECT_FALSE(says(medium(), u"Nothing here opens this link"_s));
+  openWith("echo 'xdg-open: no method' >&2; exit 3");
+  EXPECT_TRUE(waitUntil([&] { return says(medium(), u"Nothing here opens this link"_s); }));
+  openWith("echo 'brevant: the log stayed locked' >&2; echo x-www-browser >&2; exit 3");
+  EXPECT_TRUE(waitUntil([&] { return says(medium(), u"brevant: the log stayed locked"_s); }));
+  QFile::remove(helper);
+  qputenv("PATH", path);
 }
 
 TEST_F(DeskTest, RemembersWhichWindowsAreWantedAndWhere) {
@@ -204,6 +250,22 @@ TEST_F(DeskTest, TheIslandOpensAndCloses) {
   EXPECT_TRUE(waitUntil([&] { return pills() == 2; }));
   QTest::mouseClick(&island(), Qt::LeftButton, {},
                     island().findChild<QWidget*>(u"2"_s)->geometry().center());
+  EXPECT_TRUE(island().isExpanded());
+
+  // A click beside the controls closes; the pill that appears under the pointer stays closed.
+  QTest::mouseClick(&island(), Qt::LeftButton, {}, {kCardMargin + 4, island().height() / 2});
+  EXPECT_FALSE(island().isExpanded());
+  const auto pointAtPill = [this] {
+    QWidget* pill = island().findChild<QWidget*>(u"1"_s);
+    QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+    QCoreApplication::sendEvent(pill, &enter);
+    letPass(500);
+  };
+  pointAtPill();
+  EXPECT_FALSE(island().isExpanded());
+  QEvent leave(QEvent::Leave);
+  QCoreApplication::sendEvent(&island(), &leave);
+  pointAtPill();
   EXPECT_TRUE(island().isExpanded());
 
   showLive({});
