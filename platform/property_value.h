@@ -22,7 +22,8 @@ struct PropertyValue {
                PropertyArray, PropertyDictionary>
       value;
 
-  bool operator==(const PropertyValue&) const = default;
+  // Whether the same is stored: here even a NaN equals a NaN.
+  bool operator==(const PropertyValue& other) const;
 
   // Typed reads convert as the settings store does: a boolean, an integer, a real and a numeric or
   // yes/no text can stand for each other; anything else reads as 0 or false. Numbers out of range

@@ -41,6 +41,8 @@ class Walk {
     return true;
   }
 
+  bool hasCutText() const { return hasCutText_; }
+
  private:
   struct Pending {
     std::uint64_t object;
@@ -51,6 +53,10 @@ class Walk {
     std::uint64_t count;
     std::uint64_t at;  // of the contents
   };
+
+  static bool isText(std::uint64_t marker) {
+    return marker >> 4U == kAsciiText || marker >> 4U == kUtf16Text;
+  }
 
   // A big-endian number; absent when it does not lie within the file.
   std::optional<std::uint64_t> number(std::uint64_t at, std::uint64_t size) const {
@@ -73,12 +79,10 @@ class Walk {
     return Extent{*count, at + 2 + size};
   }
 
-  // The library does not survive keys that are no texts or have a NUL in them.
-  bool isKey(std::uint64_t at, std::uint64_t marker) const {
-    const std::uint64_t kind = marker >> 4U;
-    if (kind != kAsciiText && kind != kUtf16Text) return false;
-    const std::uint64_t width = kind == kAsciiText ? 1 : 2;
-    const auto text = extent(at, marker);
+  // A text without a NUL; false for every other object.
+  bool isWholeText(std::uint64_t at, std::uint64_t marker) const {
+    const std::uint64_t width = marker >> 4U == kAsciiText ? 1 : 2;
+    const auto text = isText(marker) ? extent(at, marker) : std::nullopt;
     for (std::uint64_t i = 0; text && i < text->count; ++i) {
       if (number(text->at + i * width, width).value_or(0) == 0) return false;
     }
@@ -91,7 +95,9 @@ class Walk {
     const auto marker = at ? number(*at, 1) : std::nullopt;
     if (!marker) return false;
     const std::uint64_t kind = *marker >> 4U;
-    if (next.isKey && !isKey(*at, *marker)) return false;
+    const bool isWhole = isWholeText(*at, *marker);
+    if (next.isKey && !isWhole) return false;  // the library does not survive it
+    if (isText(*marker) && !isWhole) hasCutText_ = true;
     std::uint64_t payload = 0;
     if (kind >= 4) {  // below: booleans, numbers and dates of a few bytes
       const auto found = extent(*at, *marker);
@@ -110,6 +116,7 @@ class Walk {
   }
 
   const std::string_view bytes_;
+  bool hasCutText_ = false;
   std::uint64_t offsetSize_ = 0;
   std::uint64_t referenceSize_ = 0;
   std::uint64_t objects_ = 0;
@@ -121,6 +128,11 @@ class Walk {
 
 bool isHarmlessBinaryPropertyList(std::string_view bytes) {
   return Walk(bytes).endsInTime();
+}
+
+bool keepsTextsOfBinaryPropertyList(std::string_view bytes) {
+  Walk walk(bytes);
+  return walk.endsInTime() && !walk.hasCutText();
 }
 
 }  // namespace brevant

@@ -9,4 +9,7 @@ namespace brevant {
 // fills the memory or never ends; this is asked before anything builds that tree.
 bool isHarmlessBinaryPropertyList(std::string_view bytes);
 
+// Whether the library reads all of each text in a harmless one: it stops at a NUL.
+bool keepsTextsOfBinaryPropertyList(std::string_view bytes);
+
 }  // namespace brevant

@@ -5,6 +5,7 @@
 #include <plist/plist.h>
 
 #include "platform/linux/binary_property_list.h"
+#include "platform/linux/xml_property_list.h"
 
 namespace brevant {
 namespace {
@@ -29,6 +30,8 @@ bool isBinary(std::string_view bytes) {
 Node parsed(std::string_view bytes) {
   if (bytes.size() > kMaxPropertyListSize) return nullptr;
   if (isBinary(bytes) && !isHarmlessBinaryPropertyList(bytes)) return nullptr;
+  std::string xml;
+  if (!isBinary(bytes)) bytes = xml = withPlainLineEnds(bytes);
   plist_t root = nullptr;
   plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
   Node node(root);
@@ -148,7 +151,14 @@ std::optional<std::string> written(plist_t root, bool binary) {
   (binary ? plist_to_bin : plist_to_xml)(root, &bytes, &size);
   const Text owner(bytes);
   if (!bytes) return std::nullopt;
-  return std::string(bytes, size);
+  const std::string_view result(bytes, size);
+  return binary ? std::string(result) : strictXml(result);
+}
+
+// What would be lost although it reads the same before and after, as the library reads it so.
+bool losesTextOrDate(std::string_view before, std::string_view after) {
+  if (isBinary(before)) return !keepsTextsOfBinaryPropertyList(before);
+  return !before.empty() && datesOfXml(before) != datesOfXml(after);
 }
 
 }  // namespace
@@ -170,7 +180,8 @@ std::optional<std::string> mergedPropertyList(std::string_view bytes,
   }
   std::optional<std::string> merged = written(root.get(), bytes.empty() || isBinary(bytes));
   // What the library can read but not write back (a text in no encoding) must not be lost.
-  return merged && parsePropertyList(*merged) == expected ? merged : std::nullopt;
+  if (!merged || losesTextOrDate(bytes, *merged)) return std::nullopt;
+  return parsePropertyList(*merged) == expected ? merged : std::nullopt;
 }
 
 }  // namespace brevant
