@@ -77,14 +77,26 @@ bool fileExists(const std::string& path) {
   return lstat(path.c_str(), &status) == 0 || errno != ENOENT;
 }
 
+std::string linkTarget(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path target = std::filesystem::canonical(path, error);
+  return error ? path : target.string();
+}
+
 std::string replaceFile(const std::string& path, std::string_view contents) {
   struct stat old {};
   const bool exists = stat(path.c_str(), &old) == 0;
   const std::string temporary = path + ".new";
+  std::string why;
   if (!writeNewFile(temporary, contents, exists ? old.st_mode & 07777U : kOwnerOnly)) {
-    return problem(temporary);
+    why = problem(temporary);
+  } else if (rename(temporary.c_str(), path.c_str()) != 0) {
+    why = problem(path);
   }
-  if (rename(temporary.c_str(), path.c_str()) != 0) return problem(path);
+  if (!why.empty()) {
+    unlink(temporary.c_str());
+    return why;
+  }
   if (!flushDirectory(directoryOf(path))) return problem(directoryOf(path));
   return "";
 }
@@ -96,7 +108,8 @@ std::string makeDirectories(const std::string& path) {
   if (!parent.empty() && parent != path) {
     if (std::string why = makeDirectories(parent); !why.empty()) return why;
   }
-  return mkdir(path.c_str(), 0700) == 0 || errno == EEXIST ? "" : problem(path);
+  if (mkdir(path.c_str(), 0700) != 0) return errno == EEXIST ? "" : problem(path);
+  return flushDirectory(directoryOf(path)) ? "" : problem(directoryOf(path));
 }
 
 }  // namespace brevant

@@ -31,12 +31,17 @@ std::optional<std::string> readFile(const std::string& path, std::size_t limit);
 // Whether anything lies there, a dangling link included.
 bool fileExists(const std::string& path);
 
+// The file that the path leads to in the end: a link to a file elsewhere is to stay one when that
+// is locked and replaced. The path itself when nothing is there.
+std::string linkTarget(const std::string& path);
+
 // Replaces the file so that whatever happens it is as before or as after, and as after on the disk
 // once this returns. Keeps the permissions of a file that is there. Its caller holds the lock of
-// the file. Empty on success, else what went wrong.
+// the file. Empty on success, else what went wrong; nothing new is then left behind.
 [[nodiscard]] std::string replaceFile(const std::string& path, std::string_view contents);
 
-// Makes the directory and those above it, for the user alone. Empty on success.
+// Makes the directory and those above it, for the user alone and on the disk once this returns.
+// Empty on success.
 [[nodiscard]] std::string makeDirectories(const std::string& path);
 
 }  // namespace brevant

@@ -15,13 +15,14 @@ std::optional<std::string> SharedDocument::read() const {
 
 std::string SharedDocument::change(const Editor& editor) const {
   if (std::string problem = makeDirectories(folder_); !problem.empty()) return problem;
-  const FileLock lock(path_ + ".lock");
-  if (!lock.held()) return path_ + ".lock: cannot be locked";
+  const std::string target = linkTarget(path_);
+  const FileLock lock(target + ".lock");
+  if (!lock.held()) return target + ".lock: cannot be locked";
   const std::optional<std::string> current = read();
   if (!current && fileExists(path_)) return path_ + ": cannot be read";
   Edit edit = editor(current);
   if (!edit.problem.empty()) return path_ + ": " + edit.problem;
-  return edit.contents ? replaceFile(path_, *edit.contents) : "";
+  return edit.contents ? replaceFile(target, *edit.contents) : "";
 }
 
 }  // namespace brevant

@@ -8,7 +8,8 @@ namespace brevant {
 
 // A small file in a folder of its own that several processes read and change. A reader needs no
 // lock: it sees the file as it was before a change or as it is after it. A change holds a lock
-// beside the file ("NAME.lock") from reading to replacing, so none is lost. Any thread may call.
+// beside the file ("NAME.lock"; where NAME is a link, beside what it leads to) from reading to
+// replacing, so none is lost. Any thread may call.
 class SharedDocument {
  public:
   // What a change makes of the contents: nothing new, or a problem and nothing new.

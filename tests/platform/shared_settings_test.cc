@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include "platform/linux/durable_file.h"
 #include "platform/linux/property_list.h"
 #include "tests/support/fake_platform.h"
 #include "tests/support/processes.h"
@@ -123,6 +124,25 @@ TEST_F(SharedSettingsTest, NeverOverwritesABrokenFile) {
     EXPECT_THAT(log.lines, ElementsAre(HasSubstr(path)));
     log.lines.clear();
   }
+}
+
+// Somebody keeps it elsewhere, with the rest of their settings.
+TEST_F(SharedSettingsTest, ChangesTheTargetOfALinkAndLeavesNothingElseBehind) {
+  const std::string target = folder.write("elsewhere/mine", testData("settings_xml.plist"));
+  std::filesystem::create_directories(folder.path / "Library/Preferences");
+  std::filesystem::create_symlink(target, folder.path / kPlist);
+  const auto settings = open();
+  settings->setBool(true, kFlag);
+  std::filesystem::create_directory(target + ".new");  // in the way of the write
+  EXPECT_FALSE(settings->synchronize());
+  std::filesystem::remove(target + ".new");
+  EXPECT_TRUE(settings->synchronize());
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.path / kPlist));
+  EXPECT_EQ(parsePropertyList(folder.read("elsewhere/mine"))->at(kFlag), PropertyValue{true});
+
+  ASSERT_TRUE(std::filesystem::remove(target) && std::filesystem::create_directory(target));
+  EXPECT_NE(replaceFile(target, "contents"), "");
+  EXPECT_FALSE(std::filesystem::exists(target + ".new"));
 }
 
 TEST_F(SharedSettingsTest, LosesNothingWhenTwoProcessesWrite) {
