@@ -67,6 +67,16 @@ TEST_F(StopActivityLive, ChangesTheActivityAndTakesTheFirstOfItsLiveActivitiesDo
   }
 }
 
+// Under these names systems find it; it never shows up in a list or opens the application.
+TEST(StopActivityLiveIntentTest, IsKnownByItsNameAndTitles) {
+  const StopActivityLiveIntent intent("A", "stop");
+  EXPECT_EQ(intent.value(), (IntentValue{"StopActivityLiveIntent", "A", "stop"}));
+  EXPECT_STREQ(StopActivityLiveIntent::kTitle, "Pause/Stop activity");
+  EXPECT_EQ(intent.activityId.title, "activityId");
+  EXPECT_EQ(intent.operation.title, "operation");
+  EXPECT_FALSE(StopActivityLiveIntent::kOpenAppWhenRun || StopActivityLiveIntent::kIsDiscoverable);
+}
+
 TEST_F(StopActivityLive, UpdatesNothingButTheMessage) {
   StopActivityLiveIntent("A", "pause").perform(fakes.platform());
   fakes.tasks.waitUntilIdle();

@@ -116,6 +116,7 @@ using TimelineOfDeathTest = TimelineOf;
 
 TEST_F(TimelineOfDeathTest, WhatAnEntryNeedsIsFatalWhenAbsent) {
   const std::pair<const char*, const char*> cases[] = {
+      {"UPDATE logs SET start_date = NULL", "Fatal error: a running activity has no start"},
       {"UPDATE categories SET image_guid = 'D7A1F3C0-0000-4000-8000-000000000001'",
        "Fatal error: the running activity's category has no icon"},
       {"UPDATE categories SET name = NULL",
@@ -131,6 +132,8 @@ TEST_F(TimelineOfDeathTest, WhatAnEntryNeedsIsFatalWhenAbsent) {
   EXPECT_DEATH(timeline(), "Fatal error: the resource image cat_1.png is missing");
   EXPECT_DEATH(static_cast<void>(provider().placeholder()),
                "Fatal error: the resource image cat_111@2x.png is missing");
+  EXPECT_DEATH(Provider(fakes.platform(), nullptr),
+               "Fatal error: the timeline provider has no activity manager");
 }
 
 TEST_F(TimelineOf, TheSampleIsTheSameWhateverRuns) {

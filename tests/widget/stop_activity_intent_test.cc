@@ -53,6 +53,15 @@ TEST_F(StopActivity, TakesTheFirstOfTheSameGuid) {
             "1699990002.0|1700000000.0|1\n");
 }
 
+// Under these names systems find it and show it.
+TEST(StopActivityIntentTest, IsKnownByItsNameAndTitles) {
+  const StopActivityIntent intent("A", "stop");
+  EXPECT_EQ(intent.value(), (IntentValue{"StopActivityIntent", "A", "stop"}));
+  EXPECT_STREQ(StopActivityIntent::kTitle, "Stop activity");
+  EXPECT_EQ(intent.activityId.title, "activityId");
+  EXPECT_EQ(intent.operation.title, "operation");
+}
+
 TEST_F(StopActivity, WithoutADatabaseChangesNothing) {
   fakes.files.container.reset();
   EXPECT_EQ(statesAfter({"running", "stop"}), "120111\n");
