@@ -1,6 +1,5 @@
 #include "manager/pin_disk_cache.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -14,7 +13,6 @@ namespace brevant {
 namespace {
 
 constexpr std::string_view kFolder = "/org.brevant.PINDiskCache.PINDiskCacheShared/";
-constexpr std::size_t kLargestEntry = std::size_t{256} << 10U;  // what an archive may have
 
 // A key is one file, whatever stands in it.
 std::string fileName(std::string_view key) {
@@ -42,17 +40,17 @@ ImageRef PINDiskCache::objectForKey(std::string_view key) const {
   if (key.empty() || !folder_) return nullptr;
   const std::string path = *folder_ + fileName(key);
   const Date now = platform_.clock.now();
-  const std::optional<std::string> archive = platform_.files.contents(path, kLargestEntry);
+  const std::optional<std::string> archive = platform_.files.contents(path, kMaxArchiveSize);
   if (!archive) return nullptr;
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(archive->data());
-  ImageRef image = platform_.images.unarchiveImage({bytes, archive->size()});
+  const std::optional<ImageRef> image = platform_.images.unarchiveImage({bytes, archive->size()});
   if (!image) {
     discard(path);
     return nullptr;
   }
   platform_.tasks.start(
       [&files = platform_.files, path, now] { files.setModificationDate(path, now); });
-  return image;
+  return *image;
 }
 
 void PINDiskCache::discard(const std::string& path) const {

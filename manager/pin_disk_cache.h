@@ -11,13 +11,14 @@ namespace brevant {
 
 // Finished images on disk, a keyed archive per key, in a folder of the user's caches directory.
 // This side only reads: whoever fills the folder also trims it, by the modification dates that each
-// hit leaves. It remembers nothing, so that a miss costs one attempt to open a file, and any thread
-// may ask.
+// entry read gets. It remembers nothing, so that a miss costs one attempt to open a file, and any
+// thread may ask.
 class PINDiskCache {
  public:
   explicit PINDiskCache(const Platform& platform);
 
-  // Null for a key without an entry. An entry that is no archive of an image is deleted.
+  // Null for a key without an entry, or with one that is no image; one that is not even an archive
+  // is deleted.
   [[nodiscard]] ImageRef objectForKey(std::string_view key) const;
 
  private:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -9,6 +10,9 @@
 #include "platform/image.h"
 
 namespace brevant {
+
+// Above this size a keyed archive is not read.
+inline constexpr std::size_t kMaxArchiveSize = std::size_t{8} << 20U;
 
 // PNG in and out. Thread-safe; never throws. A picture of more than 16 million pixels or of more
 // than 16,384 pixels on a side is refused before any of it is decoded.
@@ -25,8 +29,9 @@ class ImageCodec {
   virtual std::optional<std::vector<std::uint8_t>> encodePng(const Image& image) const = 0;
 
   // The image in a keyed archive (binary or XML): the root object is its PNG data, or an object
-  // with a data field that is. Null when the archive is none, or holds no image.
-  virtual ImageRef unarchiveImage(std::span<const std::uint8_t> archive) const = 0;
+  // with a data field that is. Absent when the bytes are no archive; null when it holds no image,
+  // or is too large.
+  virtual std::optional<ImageRef> unarchiveImage(std::span<const std::uint8_t> archive) const = 0;
 };
 
 }  // namespace brevant

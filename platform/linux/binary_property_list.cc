@@ -15,6 +15,7 @@ constexpr std::uint64_t kMaxExpandedSize = std::uint64_t{16} << 20U;
 constexpr std::uint64_t kObjectOverhead = 64;
 
 // Kinds of objects, in the upper half of their markers.
+constexpr std::uint64_t kData = 0x4;
 constexpr std::uint64_t kAsciiText = 0x5;
 constexpr std::uint64_t kUtf16Text = 0x6;
 constexpr std::uint64_t kDictionary = 0xD;
@@ -102,7 +103,7 @@ class Walk {
     if (kind >= 4) {  // below: booleans, numbers and dates of a few bytes
       const auto found = extent(*at, *marker);
       if (!found) return false;
-      payload = found->count * 2;
+      payload = kind == kData ? found->count : found->count * 2;
       const bool isList = kind >= 0xA && kind <= 0xC;
       const std::uint64_t references = isList ? found->count : kind == kDictionary ? payload : 0;
       for (std::uint64_t i = 0; i < references; ++i) {

@@ -92,8 +92,10 @@ class PngCodec : public ImageCodec {
     return bytes;
   }
 
-  ImageRef unarchiveImage(std::span<const std::uint8_t> archive) const override {
-    for (const std::vector<std::uint8_t>& data : archivedData(archive)) {
+  std::optional<ImageRef> unarchiveImage(std::span<const std::uint8_t> archive) const override {
+    const auto fields = archivedData(archive);
+    if (!fields) return std::nullopt;
+    for (const std::vector<std::uint8_t>& data : *fields) {
       if (ImageRef image = decodePng(data, 1)) return image;
     }
     return nullptr;

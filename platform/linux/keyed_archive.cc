@@ -6,6 +6,7 @@
 #include <plist/plist.h>
 #include <string_view>
 
+#include "platform/image_codec.h"
 #include "platform/linux/binary_property_list.h"
 #include "platform/linux/property_list.h"
 
@@ -18,24 +19,34 @@ struct FreeNode {
   void operator()(void* node) const { plist_free(node); }
 };
 
+bool isBinary(std::string_view bytes) {
+  return bytes.starts_with("bplist00");
+}
+
+// The library's stack ends at some depth of XML; of a binary list the depth is known beforehand.
+bool isTooLarge(std::string_view bytes) {
+  return bytes.size() > (isBinary(bytes) ? kMaxArchiveSize : kMaxPropertyListSize);
+}
+
 // An archive is a flat list of objects that refer to each other by their index.
 class Archive {
  public:
   explicit Archive(std::string_view bytes) {
-    if (bytes.size() > kMaxPropertyListSize) return;
-    if (bytes.starts_with("bplist") && !isHarmlessBinaryPropertyList(bytes)) return;
+    if (isBinary(bytes) && !isHarmlessBinaryPropertyList(bytes)) return;
     plist_t root = nullptr;
     plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
     archive_.reset(root);
     objects_ = field(root, "$objects", PLIST_ARRAY);
   }
 
-  // The object that was archived; null when the archive is none.
+  bool isKeyedArchive() const {
+    return objects_ && field(archive_.get(), "$archiver", PLIST_STRING) &&
+           field(archive_.get(), "$top", PLIST_DICT);
+  }
+
+  // The object that was archived; null when the archive refers to none.
   plist_t root() const {
-    plist_t top = field(archive_.get(), "$top", PLIST_DICT);
-    return field(archive_.get(), "$archiver", PLIST_STRING) && top
-               ? resolved(plist_dict_get_item(top, "root"))
-               : nullptr;
+    return resolved(plist_dict_get_item(field(archive_.get(), "$top", PLIST_DICT), "root"));
   }
 
   // Data as it stands, or in the object that wraps mutable data.
@@ -91,12 +102,14 @@ class Archive {
 
 }  // namespace
 
-std::vector<Bytes> archivedData(std::span<const std::uint8_t> archive) {
-  const Archive parsed(
-      std::string_view(reinterpret_cast<const char*>(archive.data()), archive.size()));
+std::optional<std::vector<Bytes>> archivedData(std::span<const std::uint8_t> archive) {
+  const std::string_view bytes(reinterpret_cast<const char*>(archive.data()), archive.size());
+  if (isTooLarge(bytes)) return std::vector<Bytes>();
+  const Archive parsed(bytes);
+  if (!parsed.isKeyedArchive()) return std::nullopt;
   plist_t root = parsed.root();
-  if (!root) return {};
-  if (std::optional<Bytes> data = parsed.data(root)) return {std::move(*data)};
+  if (!root) return std::vector<Bytes>();
+  if (std::optional<Bytes> data = parsed.data(root)) return std::vector<Bytes>{std::move(*data)};
   return plist_get_node_type(root) == PLIST_DICT ? parsed.dataOfFields(root) : std::vector<Bytes>();
 }
 

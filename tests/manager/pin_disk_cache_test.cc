@@ -50,6 +50,14 @@ TEST(PINDiskCache, AMissLeavesNoTrace) {
   EXPECT_EQ(fakes.files.files.size(), 1U);
 }
 
+TEST(PINDiskCache, AnArchiveWithoutAnImageStays) {
+  FakePlatform fakes;
+  fakes.files.files[kFolder + "a"] = "archive of a text";
+  fakes.images.byContents["archive of a text"] = nullptr;
+  EXPECT_EQ(PINDiskCache(fakes.platform()).objectForKey("a"), nullptr);
+  EXPECT_EQ(fakes.files.files.size(), 1U);
+}
+
 TEST(PINDiskCache, WhatIsNoArchiveIsDeletedOrElseLogged) {
   struct ReadOnlyFiles : FakeFileManager {
     std::string removeFile(const std::string&) override { return "Read-only file system"; }

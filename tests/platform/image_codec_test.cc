@@ -76,17 +76,46 @@ const std::string kData =
     "<data>iVBORw0KGgoAAAANSUhEUgAAAAIAAAABCAYAAAD0In+KAAAADklEQVR42mP4z8AAQg0AD3oDfmqBMeEAAAAASUVO"
     "RK5CYII=</data>";
 
+std::string bigEndian(std::size_t number, int bytes) {
+  std::string result;
+  while (bytes-- > 0) result += static_cast<char>(number >> (8U * static_cast<unsigned>(bytes)));
+  return result;
+}
+
+std::string binaryArchive(const std::string& data) {
+  const std::string objects[] = {"\xD3\1\2\3\4\5\6",
+                                 "\x59$archiver",
+                                 "\x54$top",
+                                 "\x58$objects",
+                                 "\x5F\x10\x0FNSKeyedArchiver",
+                                 "\xD1\7\x8",
+                                 "\xA2\x9\xA",
+                                 "\x54root",
+                                 "\x80\1",
+                                 "\x55$null",
+                                 "\x4F\x12" + bigEndian(data.size(), 4) + data};
+  std::string result = "bplist00", offsets;
+  for (const std::string& object : objects) {
+    offsets += bigEndian(result.size(), 4);
+    result += object;
+  }
+  const std::string trailer = bigEndian(0x401, 8) + bigEndian(std::size(objects), 8) +
+                              bigEndian(0, 8) + bigEndian(result.size(), 8);
+  return result + offsets + trailer;
+}
+
 TEST(ImageCodecTest, FindsTheImageInAnArchive) {
   for (const std::string& archive :
        {testData("archive_data.plist"), testData("archive_object.plist"), xmlArchive(kData),
-        xmlArchive("<dict><key>a</key><string/><key>b</key>" + kData + "</dict>")}) {
-    const ImageRef image = makeImageCodec()->unarchiveImage(bytesOf(archive));
-    ASSERT_TRUE(image) << archive;
-    EXPECT_EQ(*image, kSample);
+        xmlArchive("<dict><key>a</key><string/><key>b</key>" + kData + "</dict>"),
+        binaryArchive(samplePng() + std::string(kMaxArchiveSize - 1000, '\0'))}) {
+    const auto image = makeImageCodec()->unarchiveImage(bytesOf(archive));
+    ASSERT_TRUE(image && *image) << archive.substr(0, 1000);
+    EXPECT_EQ(**image, kSample);
   }
 }
 
-TEST(ImageCodecTest, FindsNothingInWhatHoldsNoImage) {
+TEST(ImageCodecTest, TellsNoArchiveFromOneWithoutAnImage) {
   const std::string reference = "<dict><key>CF$UID</key><integer>1</integer></dict>";
   const std::string outside =
       "<dict><key>CF$UID</key><integer>18446744073709551615</integer></dict>";
@@ -98,6 +127,12 @@ TEST(ImageCodecTest, FindsNothingInWhatHoldsNoImage) {
       testData("settings_binary.plist"),
       testData("doubling.plist"),
       testData("circular.plist"),
+  };
+  for (std::size_t size = 0; size < whole.size(); ++size) archives.push_back(whole.substr(0, size));
+  for (const std::string& archive : archives) {
+    EXPECT_EQ(makeImageCodec()->unarchiveImage(bytesOf(archive)), std::nullopt) << archive.size();
+  }
+  const std::string imageless[] = {
       xmlArchive(""),
       xmlArchive("<string>text</string>"),
       xmlArchive("<data>AAAA</data>"),
@@ -106,10 +141,10 @@ TEST(ImageCodecTest, FindsNothingInWhatHoldsNoImage) {
       xmlArchive("<dict><key>a</key>" + outside + "</dict>"),
       xmlArchive("<dict><key>NS.data</key>" + reference + "</dict>"),
       xmlArchive(kData + std::string(kMaxPropertyListSize, ' ')),
+      binaryArchive(samplePng() + std::string(kMaxArchiveSize, '\0')),
   };
-  for (std::size_t size = 0; size < whole.size(); ++size) archives.push_back(whole.substr(0, size));
-  for (const std::string& archive : archives) {
-    EXPECT_EQ(makeImageCodec()->unarchiveImage(bytesOf(archive)), nullptr) << archive.size();
+  for (const std::string& archive : imageless) {
+    EXPECT_EQ(makeImageCodec()->unarchiveImage(bytesOf(archive)), ImageRef()) << archive.size();
   }
 }
 

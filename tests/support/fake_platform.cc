@@ -179,8 +179,10 @@ std::optional<std::vector<std::uint8_t>> FakeImageCodec::encodePng(const Image& 
   return image.pixels;
 }
 
-ImageRef FakeImageCodec::unarchiveImage(std::span<const std::uint8_t> archive) const {
-  return find(byContents, asText(archive));
+std::optional<ImageRef> FakeImageCodec::unarchiveImage(
+    std::span<const std::uint8_t> archive) const {
+  const auto found = byContents.find(asText(archive));
+  return found == byContents.end() ? std::nullopt : std::optional(found->second);
 }
 
 std::string FakeCaseMapping::lowercased(std::string_view utf8) const {

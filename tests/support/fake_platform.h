@@ -87,7 +87,7 @@ struct FakeImageCodec : ImageCodec {
   ImageRef decodePng(std::span<const std::uint8_t> bytes, double scale) const override;
   ImageRef imageWithContentsOfFile(const std::string& path) const override;
   std::optional<std::vector<std::uint8_t>> encodePng(const Image& image) const override;
-  ImageRef unarchiveImage(std::span<const std::uint8_t> archive) const override;
+  std::optional<ImageRef> unarchiveImage(std::span<const std::uint8_t> archive) const override;
 
   std::map<std::string, ImageRef> byContents;
   std::map<std::string, ImageRef> byPath;
