@@ -43,36 +43,56 @@ std::map<std::string, sdbus::Variant> hints(const NotificationContent& content) 
   return result;
 }
 
+// The connection's own failures are named after the system's.
+bool isGone(const std::string& error) {
+  const std::set<std::string> gone{
+      "org.freedesktop.DBus.Error.ServiceUnknown", "org.freedesktop.DBus.Error.NameHasNoOwner",
+      "org.freedesktop.DBus.Error.Disconnected", "org.freedesktop.DBus.Error.NoServer"};
+  return gone.contains(error) || error.starts_with("System.Error.");
+}
+
+// The call was sent, and nobody knows what became of it.
+bool isUnanswered(const std::string& error) {
+  const std::set<std::string> unanswered{"org.freedesktop.DBus.Error.NoReply",
+                                         "org.freedesktop.DBus.Error.Timeout",
+                                         "org.freedesktop.DBus.Error.TimedOut"};
+  return unanswered.contains(error);
+}
+
 class DesktopNotifications : public NotificationService {
  public:
   std::optional<std::string> name() override {
     std::string name, vendor, version, protocol;
-    const bool answered = tried(
+    const Outcome outcome = tried(
         [&] { call("GetServerInformation").storeResultsTo(name, vendor, version, protocol); });
-    return answered ? std::optional(name) : std::nullopt;
+    return outcome == Outcome::kDone ? std::optional(name) : std::nullopt;
   }
 
   bool show(const NotificationContent& content,
             const std::vector<NotificationButton>& buttons) override {
-    std::uint32_t id = 0;
-    const bool shown = tried([&] {
-      std::vector<std::string> abilities;
-      call("GetCapabilities").storeResultsTo(abilities);
-      const auto can = [&](const char* ability) {
-        return std::find(abilities.begin(), abilities.end(), ability) != abilities.end();
-      };
-      std::vector<std::string> actions;
-      for (const NotificationButton& each : buttons) {
-        if (can("actions")) actions.insert(actions.end(), {each.operation, each.title});
-      }
-      const std::string body = can("body-markup") ? withoutMarkup(content.body) : content.body;
+    // One that does not tell what it can do is there all the same.
+    std::vector<std::string> abilities;
+    const Outcome told = tried([&] { call("GetCapabilities").storeResultsTo(abilities); });
+    if (told == Outcome::kNobody) return false;
+    const auto can = [&](const char* ability) {
+      return std::find(abilities.begin(), abilities.end(), ability) != abilities.end();
+    };
+    std::vector<std::string> actions;
+    for (const NotificationButton& each : buttons) {
+      if (can("actions")) actions.insert(actions.end(), {each.operation, each.title});
+    }
+    const std::string body = can("body-markup") ? withoutMarkup(content.body) : content.body;
+    const Outcome outcome = tried([&] {
+      std::uint32_t id = 0;
       call("Notify")
           .withArguments(kApplication, std::uint32_t{0}, kIcon, content.title, body, actions,
                          hints(content), kExpiresAsTheServiceLikes)
           .storeResultsTo(id);
+      shown_.insert(id);
     });
-    if (shown) shown_.insert(id);
-    return shown;
+    // A service that is too slow to answer shows it nevertheless: sent again it would be shown
+    // twice.
+    return outcome == Outcome::kDone || outcome == Outcome::kUnanswered;
   }
 
   int descriptor() const override {
@@ -80,30 +100,48 @@ class DesktopNotifications : public NotificationService {
   }
 
   void handlePressed(const Pressed& pressed) override {
-    if (connection_) {
-      tried([&] {
-        while (connection_->processPendingRequest()) {
-        }
-      });
+    try {
+      while (connection_ && connection_->processPendingRequest()) {
+      }
+    } catch (const sdbus::Error&) {
+      disconnect();
     }
     for (const std::string& operation : std::exchange(pressed_, {})) pressed(operation);
   }
 
  private:
-  // Whether the service did what is asked of it in `work`. After a failure the next call connects
-  // anew: the bus or the service may have been replaced.
-  template <typename Work>
-  bool tried(const Work& work) {
+  enum class Outcome { kDone, kRefused, kUnanswered, kNobody };
+
+  // What became of a call. Where nobody is there the next one connects anew: the bus may have been
+  // replaced.
+  template <typename Call>
+  Outcome tried(const Call& call) {
+    if (!connected()) return Outcome::kNobody;
+    try {
+      call();
+      return Outcome::kDone;
+    } catch (const sdbus::Error& error) {
+      if (isUnanswered(error.getName())) return Outcome::kUnanswered;
+      if (!isGone(error.getName())) return Outcome::kRefused;
+      disconnect();
+      return Outcome::kNobody;
+    }
+  }
+
+  bool connected() {
     try {
       if (!connection_) connect();
-      work();
       return true;
     } catch (const sdbus::Error&) {
-      proxy_.reset();
-      connection_.reset();
-      shown_.clear();
+      disconnect();
       return false;
     }
+  }
+
+  void disconnect() {
+    proxy_.reset();
+    connection_.reset();
+    shown_.clear();
   }
 
   void connect() {

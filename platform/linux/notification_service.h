@@ -30,7 +30,7 @@ class NotificationService {
   // What the running service calls itself; absent when there is none.
   virtual std::optional<std::string> name() = 0;
 
-  // False when no service took it.
+  // False when no service took it; one that does not answer in time may have shown it and has it.
   virtual bool show(const NotificationContent& content,
                     const std::vector<NotificationButton>& buttons) = 0;
 

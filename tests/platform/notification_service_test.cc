@@ -55,6 +55,27 @@ TEST_F(NotificationServiceTest, SparesAPlainServiceMarkupAndButtons) {
   EXPECT_THAT(daemon.shown(), ElementsAre("Remind", "A & <B>", "desktop-entry", "suppress-sound"));
 }
 
+TEST_F(NotificationServiceTest, AsksNoMoreOfAServiceThanItAnswers) {
+  const std::string dbus = "org.freedesktop.DBus.Error.";
+  const struct {
+    std::string capabilities, notify;  // errors
+    bool isShown;
+  } cases[] = {{dbus + "UnknownMethod", "", true},
+               {"", dbus + "NoReply", true},  // sent again, it might be shown again
+               {"", dbus + "Timeout", true},
+               {"", dbus + "LimitsExceeded", false}};
+  for (const auto& [capabilities, notify, isShown] : cases) {
+    SCOPED_TRACE(capabilities + notify);
+    test::NotificationDaemon daemon({"actions"});
+    EXPECT_TRUE(service->show(kContent, kButtons));
+    daemon.fail("GetCapabilities", capabilities);
+    daemon.fail("Notify", notify);
+    EXPECT_EQ(service->show(kContent, kButtons), isShown);
+    daemon.press(7, "stop");  // on the first one, which is still there
+    EXPECT_THAT(pressed(), ElementsAre("stop"));
+  }
+}
+
 TEST_F(NotificationServiceTest, SurvivesTheServiceAndTheBusComingAndGoing) {
   EXPECT_EQ(service->name(), std::nullopt);
   EXPECT_FALSE(service->show(kContent, {}));

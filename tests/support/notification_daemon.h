@@ -22,12 +22,14 @@ class NotificationDaemon {
       return std::tuple<std::string, std::string, std::string, std::string>("Test", "", "1", "1.2");
     });
     object_->registerMethod("GetCapabilities").onInterface(kName).implementedAs([this] {
+      failWhereTold("GetCapabilities");
       return abilities_;
     });
     object_->registerMethod("Notify").onInterface(kName).implementedAs(
         [this](const std::string&, std::uint32_t, const std::string&, const std::string& title,
                const std::string& body, const std::vector<std::string>& actions,
                const std::map<std::string, sdbus::Variant>& hints, std::int32_t) {
+          failWhereTold("Notify");
           const std::lock_guard lock(mutex_);
           shown_ = {title, body};
           shown_.insert(shown_.end(), actions.begin(), actions.end());
@@ -47,6 +49,12 @@ class NotificationDaemon {
     object_->emitSignal("ActionInvoked").onInterface(kName).withArguments(id, operation);
   }
 
+  // The method answers with this error from now on; none when it is empty.
+  void fail(const std::string& method, const std::string& error) {
+    const std::lock_guard lock(mutex_);
+    errors_[method] = error;
+  }
+
   std::vector<std::string> shown() {
     const std::lock_guard lock(mutex_);
     return shown_;
@@ -60,12 +68,18 @@ class NotificationDaemon {
   }
 
  private:
+  void failWhereTold(const std::string& method) {
+    const std::lock_guard lock(mutex_);
+    if (!errors_[method].empty()) throw sdbus::Error(errors_[method], "as told");
+  }
+
   static constexpr const char* kName = "org.freedesktop.Notifications";
 
   const std::vector<std::string> abilities_;
   std::mutex mutex_;
   std::condition_variable changed_;
   std::vector<std::string> shown_;
+  std::map<std::string, std::string> errors_;
   std::unique_ptr<sdbus::IConnection> connection_ = sdbus::createSessionBusConnection();
   std::unique_ptr<sdbus::IObject> object_ =
       sdbus::createObject(*connection_, "/org/freedesktop/Notifications");
