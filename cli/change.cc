@@ -4,6 +4,7 @@
 
 #include "cli/context.h"
 #include "cli/database_place.h"
+#include "cli/status.h"
 #include "manager/widget_manager.h"
 
 namespace brevant {
@@ -42,16 +43,22 @@ bool wasRemoved(const WidgetActivity& activity, Change change) {
   return change == Change::kPause || activity.state == kStateRunning;
 }
 
+// A stretch that was too short is not among them; of a stopped activity the record that was stored
+// knows, since no query has it.
+std::uint64_t total(const WidgetActivity& activity) {
+  return statusItem(activity, nullptr, {}).total;
+}
+
 ChangeResult check(const ActivityList& stored, const WidgetActivity& activity, Change change) {
   const auto found = std::find_if(stored.begin(), stored.end(), [&](const ActivityRef& candidate) {
     return candidate->guid == activity.guid;
   });
   if (found == stored.end() && change != Change::kResume) {
-    return Changed{wasRemoved(activity, change)};
+    return Changed{wasRemoved(activity, change), total(activity)};
   }
   const std::int32_t wanted = change == Change::kPause ? kStatePaused : kStateRunning;
   if (found != stored.end() && change != Change::kStop && (*found)->state == wanted) {
-    return Changed{};
+    return Changed{false, total(**found)};
   }
   return NotChanged{"the database does not have the change"};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,7 +18,8 @@ enum class Change { kStop, kPause, kResume };
 // What a change came to. The database layer answers nothing, so both are told by what a new
 // connection finds in the database afterwards.
 struct Changed {
-  bool removed = false;  // the activity was too short to be kept
+  bool removed = false;     // the activity was too short to be kept
+  std::uint64_t total = 0;  // whole seconds of its stored stretches
 };
 struct NotChanged {
   std::string why;  // one line

@@ -81,7 +81,7 @@ void tell(Context& context, const Wording& wording, const StatusItem& item, Chan
   } else if (wording.change == Change::kResume) {
     context.printLine(wording.done + (' ' + name));
   } else {
-    context.printLine(wording.done + (' ' + name) + " after " + durationText(item.total));
+    context.printLine(wording.done + (' ' + name) + " after " + durationText(changed.total));
   }
 }
 

@@ -81,6 +81,12 @@ TEST_F(Changes, TellWhatBecameOfTheActivity) {
     EXPECT_EQ(run({command}).out, "Removed Code: it was too short to be kept\n");
     EXPECT_EQ(database.ask("SELECT is_deleted FROM logs"), "1\n");
   }
+  for (const auto& [command, done] : {std::pair("stop", "Stopped"), {"pause", "Paused"}}) {
+    database.run("DELETE FROM logs; DELETE FROM time_intervals");
+    addActivity("A", "C", 1, "1699999990");
+    addInterval("A", 1699990000, 1699990070);
+    EXPECT_EQ(run({command}).out, done + std::string(" Code after 0:01:10\n"));
+  }
 }
 
 TEST_F(Changes, WaitForALockThatGoesInTime) {
