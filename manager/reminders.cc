@@ -84,7 +84,7 @@ void WidgetManager::scheduleRemindMeNotifications() {
   const NotificationContent content = reminderContent();
   for (const Date date : notifyHours()) {
     reminders.push_back({kIdentifierMark + generateGUID(), content,
-                         CalendarTrigger{platform_.calendar.components(date)}});
+                         CalendarTrigger{platform_.calendar.components(date), false, date}});
   }
   UserNotificationCenter& center = platform_.notifications;
   center.pendingRequests([&center, reminders = std::move(reminders)](const auto& pending) {

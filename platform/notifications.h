@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,10 +19,11 @@ struct NotificationContent {
   bool operator==(const NotificationContent&) const = default;
 };
 
-// Fires when the local time matches year to second of `components`.
+// Fires when the local time matches year to second of `components`, in the zone of that moment.
 struct CalendarTrigger {
   DateComponents components;
   bool repeats = false;
+  std::optional<Date> instant{};  // the one that is meant, where that local time occurs twice
 
   bool operator==(const CalendarTrigger&) const = default;
 };
@@ -30,6 +32,7 @@ struct NotificationRequest {
   std::string identifier;
   NotificationContent content;
   CalendarTrigger trigger;
+  std::optional<Date> added{};  // known of pending ones; a trigger never fires for a time before it
 
   bool operator==(const NotificationRequest&) const = default;
 };

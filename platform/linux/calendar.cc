@@ -96,4 +96,12 @@ std::unique_ptr<Calendar> makeCalendar() {
   return std::make_unique<LinuxCalendar>();
 }
 
+std::optional<Date> secondDate(const DateComponents& components) {
+  const LocalSeconds local = clamped(static_cast<double>(localSeconds(components, 0)));
+  const std::time_t laterOffset = offset(local + kDay);
+  const std::time_t last = local - laterOffset;
+  if (offset(last) != laterOffset || last <= instant(local)) return std::nullopt;
+  return dateFromSeconds(static_cast<double>(last));
+}
+
 }  // namespace brevant

@@ -48,7 +48,7 @@ struct LinuxPlatform::Services {
         settings(makeSharedSettings(directory, *clock, *log)),
         bundle(makeBundle(options.resources, *images)),
         process(makeProcessInfo(options.systemVersion, options.isiOSAppOnMac)),
-        notifications(makeNotificationStore(directory, *log)),
+        notifications(makeNotificationStore(directory, *clock, *log)),
         liveActivities(makeLiveActivityRegistry(directory, *clock, *random, *log)),
         cloud(makeCloudDatabase(cloudDirectory(directory), *tasks)) {}
 

@@ -2,101 +2,149 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "platform/clock.h"
 #include "platform/file_manager.h"
-#include "platform/linux/calendar.h"
 #include "platform/linux/delivery_wakeup.h"
 #include "platform/linux/durable_file.h"
+#include "platform/linux/next_notification.h"
 #include "platform/log.h"
 #include "platform/notifications.h"
 
 namespace brevant {
 namespace {
 
-constexpr Seconds kTooLate{3600};
-constexpr Seconds kServiceRetry{5};
+using Requests = std::vector<NotificationRequest>;
 
-std::vector<NotificationRequest> pendingRequests(UserNotificationCenter& center) {
-  std::vector<NotificationRequest> result;
+constexpr Seconds kTooLate{3600};
+constexpr Seconds kRetry{5};
+
+Requests pendingRequests(UserNotificationCenter& center) {
+  Requests result;
   center.pendingRequests([&](const auto& requests) { result = requests; });
   return result;
 }
 
-// The folder of the notification store; absent when there is no container to have one.
+// The folder of the notification store, made when it is missing; absent when it cannot be.
 std::optional<std::string> storeFolder(const Platform& platform) {
   const std::optional<FileUrl> container = platform.files.containerUrl(kAppGroupIdentifier);
   if (!container) return std::nullopt;
-  const std::string folder = container->path() + "Notifications";
-  const std::string problem = makeDirectories(folder);
-  if (problem.empty()) return folder;
-  platform.log.write(problem);
-  return std::nullopt;
-}
-
-struct NextRequest {
-  NotificationRequest request;
-  Date due;
-};
-
-// The pending request that comes due first, in the zone of this moment.
-std::optional<NextRequest> nextRequest(const Platform& platform) {
-  const std::unique_ptr<Calendar> calendar = makeCalendar();
-  std::optional<NextRequest> next;
-  for (NotificationRequest& each : pendingRequests(platform.notifications)) {
-    const Date due = calendar->date(each.trigger.components);
-    if (!next || due < next->due) next = NextRequest{std::move(each), due};
-  }
-  return next;
+  std::string folder = container->path() + "Notifications";
+  return makeDirectories(folder).empty() ? std::optional(std::move(folder)) : std::nullopt;
 }
 
 // A trigger names its year, so it comes once, also one that repeats: what was handled is dropped.
-Delivery deliver(const Platform& platform, NotificationService& service,
-                 const NotificationActions& actions) {
-  const std::optional<std::string> folder = storeFolder(platform);
-  if (!folder) return Delivery::kFailed;
-  const FileLock lock(*folder + "/delivery.lock");
-  if (!lock.held()) return Delivery::kFailed;
-  // Asks the store anew for each, since one may be cancelled while another is being shown.
-  while (const std::optional<NextRequest> next = nextRequest(platform)) {
-    const Seconds late = platform.clock.now() - next->due;
-    if (late < Seconds(0)) break;
-    const NotificationRequest& request = next->request;
-    if (late > kTooLate) {
-      platform.log.write("A reminder came over an hour late and was dropped: " +
-                         request.content.title);
-    } else {
-      const auto buttons = actions.buttons ? actions.buttons() : std::vector<NotificationButton>();
-      if (!service.show(request.content, buttons)) return Delivery::kNoService;
-    }
-    platform.notifications.removePendingRequests({request.identifier});
-    const auto left = pendingRequests(platform.notifications);
-    if (std::find(left.begin(), left.end(), request) != left.end()) return Delivery::kFailed;
-  }
-  return Delivery::kDone;
-}
-
-// Says that nobody shows notifications when that begins, not each time it is found out.
-class AbsenceReport {
+class Deliverer {
  public:
-  void note(Delivery delivery, Log& log) {
-    if (delivery == Delivery::kNoService && !reported_) {
-      log.write("No notification service is running; reminders wait for it for an hour");
+  Deliverer(const Platform& platform, NotificationService& service,
+            const NotificationActions& actions)
+      : platform_(platform), service_(service), actions_(actions) {}
+
+  Delivery deliver() {
+    if (pendingRequests(platform_.notifications).empty()) return Delivery::kDone;
+    const std::optional<std::string> folder = storeFolder(platform_);
+    if (!folder) return Delivery::kFailed;
+    const FileLock lock(*folder + "/delivery.lock");
+    if (!lock.held()) return Delivery::kFailed;
+    bool isDropped = dropHandled();
+    // Asks the store anew for each, since one may be cancelled while another is being shown.
+    while (const std::optional<NextNotification> next = unhandled()) {
+      if (next->due && platform_.clock.now() < *next->due) break;
+      if (!handle(*next)) return Delivery::kNoService;
+      handled_.push_back({next->request, platform_.clock.now()});
+      isDropped = dropHandled();
     }
-    reported_ = delivery == Delivery::kNoService;
+    return isDropped ? Delivery::kDone : Delivery::kFailed;
+  }
+
+  // How long nothing is to be done after a delivery that is done; absent when nothing is pending.
+  std::optional<Seconds> delay() {
+    const std::optional<NextNotification> next = unhandled();
+    if (!next) return std::nullopt;
+    return next->due ? *next->due - platform_.clock.now() : Seconds(0);
   }
 
  private:
-  bool reported_ = false;
+  using Buttons = std::vector<NotificationButton>;
+  struct Handled {
+    NotificationRequest request;
+    Date at;
+  };
+
+  bool isHandled(const NotificationRequest& request) const {
+    return std::any_of(handled_.begin(), handled_.end(),
+                       [&](const Handled& each) { return each.request == request; });
+  }
+
+  Requests handledAndPending() const {
+    Requests requests = pendingRequests(platform_.notifications);
+    std::erase_if(requests, [this](const auto& each) { return !isHandled(each); });
+    return requests;
+  }
+
+  std::optional<NextNotification> unhandled() const {
+    Requests requests = pendingRequests(platform_.notifications);
+    std::erase_if(requests, [this](const auto& each) { return isHandled(each); });
+    return nextNotification(requests);
+  }
+
+  // Whether nothing is left of what was handled. What cannot be dropped is remembered, or it would
+  // be shown again; so is what seems to be gone, while it could be shown if it came back: a store
+  // that cannot be read for a moment looks empty.
+  bool dropHandled() {
+    std::vector<std::string> identifiers;
+    for (const auto& each : handledAndPending()) identifiers.push_back(each.identifier);
+    platform_.notifications.removePendingRequests(identifiers);
+    const Requests left = handledAndPending();
+    std::erase_if(handled_, [&](const Handled& each) {
+      return platform_.clock.now() - each.at > kTooLate &&
+             std::find(left.begin(), left.end(), each.request) == left.end();
+    });
+    return left.empty();
+  }
+
+  // False when nobody is there to show it.
+  bool handle(const NextNotification& next) {
+    const NotificationContent& content = next.request.content;
+    if (next.due && platform_.clock.now() - *next.due <= kTooLate) {
+      return service_.show(content, actions_.buttons ? actions_.buttons() : Buttons());
+    }
+    platform_.log.write((next.due ? "A reminder came over an hour late and was dropped: "
+                                  : "A reminder was dropped, for its time was over before it was "
+                                    "added: ") +
+                        content.title);
+    return true;
+  }
+
+  const Platform platform_;
+  NotificationService& service_;
+  const NotificationActions& actions_;
+  std::vector<Handled> handled_;
+};
+
+// Says what keeps reminders from being shown and dropped when that begins, not each time it is
+// found out.
+class Report {
+ public:
+  void note(Delivery delivery, Log& log) {
+    if (std::exchange(last_, delivery) == delivery) return;
+    if (delivery == Delivery::kNoService) {
+      log.write("No notification service is running; reminders wait for it for an hour");
+    } else if (delivery == Delivery::kFailed) {
+      log.write("The pending reminders cannot be changed; those that were shown stay for now");
+    }
+  }
+
+ private:
+  Delivery last_ = Delivery::kDone;
 };
 
 }  // namespace
 
 Delivery deliverDueNotifications(const Platform& platform, NotificationService& service,
                                  const NotificationActions& actions) {
-  const Delivery delivery = deliver(platform, service, actions);
-  AbsenceReport().note(delivery, platform.log);
-  return delivery;
+  return Deliverer(platform, service, actions).deliver();
 }
 
 bool watchNotifications(const Platform& platform, NotificationService& service,
@@ -104,21 +152,17 @@ bool watchNotifications(const Platform& platform, NotificationService& service,
   const std::optional<std::string> folder = storeFolder(platform);
   if (!folder) return false;
   DeliveryWakeup wakeup(*folder + "/requests.json");
-  AbsenceReport absence;
+  Deliverer deliverer(platform, service, actions);
+  Report report;
   std::optional<Seconds> delay;
   do {
     wakeup.watch();
-    const Delivery delivery = deliver(platform, service, actions);
-    if (delivery == Delivery::kFailed) return false;
-    absence.note(delivery, platform.log);
+    const Delivery delivery = deliverer.deliver();
+    report.note(delivery, platform.log);
     service.handlePressed([&](const std::string& operation) {
       if (actions.perform) actions.perform(operation);
     });
-    delay.reset();
-    if (delivery == Delivery::kNoService)
-      delay = kServiceRetry;
-    else if (const auto next = nextRequest(platform))
-      delay = next->due - platform.clock.now();
+    delay = delivery == Delivery::kDone ? deliverer.delay() : kRetry;
   } while (wakeup.sleep(delay, service.descriptor()));
   return true;
 }

@@ -20,19 +20,21 @@ struct NotificationActions {
 enum class Delivery {
   kDone,       // nothing that is due is left
   kNoService,  // something is due, but no notification service is there to show it
-  kFailed,     // the container cannot be used
+  kFailed,     // the container cannot be used, or what was shown not be dropped
 };
 
 // Shows the pending requests that are due and drops them. Those that are over an hour late are
-// dropped unseen, with a log line. Only one process delivers at a time, so none is shown twice; one
-// that is killed in between leaves what it had not shown, and may leave the last that it had.
-// Without `actions` the notifications have no buttons.
+// dropped unseen, with a log line, and so are those whose time was over before they were added.
+// Only one process delivers at a time, so none is shown twice; one that is killed in between leaves
+// what it had not shown, and may leave the last that it had. Makes nothing in the container when
+// nothing is pending. Without `actions` the notifications have no buttons.
 Delivery deliverDueNotifications(const Platform& platform, NotificationService& service,
                                  const NotificationActions& actions = {});
 
 // Delivers each request when it comes due, new ones as well, until the process gets SIGTERM or
 // SIGINT. Follows changes of the clock and of the system's time zone, and counts the time that the
-// machine was asleep. False when the container cannot be used.
+// machine was asleep. What was shown but cannot be dropped is not shown again, and dropped as soon
+// as that works. False when the container cannot be used from the start.
 [[nodiscard]] bool watchNotifications(const Platform& platform, NotificationService& service,
                                       const NotificationActions& actions);
 

@@ -1,10 +1,13 @@
 #include "platform/linux/notification_store.h"
 
 #include <algorithm>
+#include <mutex>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <set>
 #include <utility>
 
+#include "platform/linux/durable_file.h"
 #include "platform/linux/shared_document.h"
 
 namespace brevant {
@@ -14,10 +17,22 @@ using Json = nlohmann::ordered_json;
 using Requests = std::vector<NotificationRequest>;
 
 constexpr std::size_t kMaxStoreSize = std::size_t{16} << 20U;
+constexpr const char* kBroken = "is no list of notification requests";
 
 // Clamped, so that no number in a file is beyond what a component can hold.
 int component(const Json& trigger, const char* key) {
   return static_cast<int>(std::clamp<double>(trigger.at(key), INT32_MIN, INT32_MAX));
+}
+
+// Seconds since 1970; requests of earlier versions have none.
+std::optional<Date> date(const Json& json, const char* key) {
+  const auto found = json.find(key);
+  if (found == json.end()) return std::nullopt;
+  return dateFromSeconds(found->get<double>());
+}
+
+void add(Json& json, const char* key, const std::optional<Date>& date) {
+  if (date) json[key] = secondsSince1970(*date);
 }
 
 NotificationRequest decodedRequest(const Json& json) {
@@ -25,7 +40,8 @@ NotificationRequest decodedRequest(const Json& json) {
   NotificationRequest request{
       json.at("identifier"),
       {json.at("title"), json.at("body"), json.at("userInfo"), json.at("sound")},
-      {{}, trigger.at("repeats")}};
+      {{}, trigger.at("repeats"), date(trigger, "instant")},
+      date(json, "added")};
   DateComponents& at = request.trigger.components;
   at.year = component(trigger, "year");
   at.month = component(trigger, "month");
@@ -38,19 +54,19 @@ NotificationRequest decodedRequest(const Json& json) {
 
 Json coded(const NotificationRequest& request) {
   const DateComponents& at = request.trigger.components;
-  return {{"identifier", request.identifier},
-          {"title", request.content.title},
-          {"body", request.content.body},
-          {"userInfo", Json(request.content.userInfo)},
-          {"sound", request.content.sound},
-          {"trigger",
-           {{"year", at.year},
-            {"month", at.month},
-            {"day", at.day},
-            {"hour", at.hour},
-            {"minute", at.minute},
-            {"second", at.second},
-            {"repeats", request.trigger.repeats}}}};
+  Json trigger = {{"year", at.year},
+                  {"month", at.month},
+                  {"day", at.day},
+                  {"hour", at.hour},
+                  {"minute", at.minute},
+                  {"second", at.second},
+                  {"repeats", request.trigger.repeats}};
+  add(trigger, "instant", request.trigger.instant);
+  Json json = {{"identifier", request.identifier}, {"title", request.content.title},
+               {"body", request.content.body},     {"userInfo", Json(request.content.userInfo)},
+               {"sound", request.content.sound},   {"trigger", std::move(trigger)}};
+  add(json, "added", request.added);
+  return json;
 }
 
 // Absent when the text is no list of requests.
@@ -76,13 +92,17 @@ std::string coded(const Requests& requests) {
 
 class Store : public UserNotificationCenter {
  public:
-  Store(const std::string& container, Log& log)
-      : file_(container + "/Notifications", "requests.json", kMaxStoreSize), log_(log) {}
+  Store(const std::string& container, const Clock& clock, Log& log)
+      : file_(container + "/Notifications", "requests.json", kMaxStoreSize),
+        clock_(clock),
+        log_(log) {}
 
   void pendingRequests(Handler handler) override {
+    const bool exists = fileExists(file_.path());
     const std::optional<std::string> text = file_.read();
     std::optional<Requests> requests = text ? decoded(*text) : Requests();
-    if (!requests) log_.write(file_.path() + ": is no list of notification requests");
+    if (exists && !text) tell(file_.path() + ": cannot be read");
+    if (!requests) tell(file_.path() + ": " + kBroken);
     handler(requests.value_or(Requests()));
   }
 
@@ -95,6 +115,7 @@ class Store : public UserNotificationCenter {
     completion(change([&](Requests& requests) {
       remove(requests, {request.identifier});
       requests.push_back(request);
+      requests.back().added = clock_.now();
     }));
   }
 
@@ -111,25 +132,41 @@ class Store : public UserNotificationCenter {
     std::string problem =
         file_.change([&](const std::optional<std::string>& text) -> SharedDocument::Edit {
           std::optional<Requests> requests = text ? decoded(*text) : Requests();
-          if (!requests) return {std::nullopt, "is no list of notification requests"};
+          if (!requests) return {std::nullopt, kBroken};
           const Requests before = *requests;
           edit(*requests);
           if (*requests == before) return {};
-          return {coded(*requests), ""};
+          std::string changed = coded(*requests);
+          if (changed.size() > kMaxStoreSize) return {std::nullopt, "would become too large"};
+          return {std::move(changed), ""};
         });
-    if (!problem.empty()) log_.write(problem);
+    problem.empty() ? forget() : tell(problem);
     return problem;
   }
 
+  // Twenty reminders that cannot be added are one story.
+  void tell(const std::string& problem) {
+    const std::lock_guard lock(mutex_);
+    if (told_.insert(problem).second) log_.write(problem);
+  }
+
+  void forget() {
+    const std::lock_guard lock(mutex_);
+    told_.clear();
+  }
+
   const SharedDocument file_;
+  const Clock& clock_;
   Log& log_;
+  std::mutex mutex_;
+  std::set<std::string> told_;
 };
 
 }  // namespace
 
 std::unique_ptr<UserNotificationCenter> makeNotificationStore(const std::string& container,
-                                                              Log& log) {
-  return std::make_unique<Store>(container, log);
+                                                              const Clock& clock, Log& log) {
+  return std::make_unique<Store>(container, clock, log);
 }
 
 }  // namespace brevant

@@ -3,15 +3,16 @@
 #include <memory>
 #include <string>
 
+#include "platform/clock.h"
 #include "platform/log.h"
 #include "platform/notifications.h"
 
 namespace brevant {
 
 // The pending requests in the container: docs/notifications.md. Handlers and completions run on the
-// caller's thread. A broken file reads as empty, with a log line that names it, and is never
-// overwritten.
+// caller's thread. A file that is broken or cannot be read reads as empty and is never overwritten.
+// What goes wrong is logged with the file's name, once until a change succeeds.
 std::unique_ptr<UserNotificationCenter> makeNotificationStore(const std::string& container,
-                                                              Log& log);
+                                                              const Clock& clock, Log& log);
 
 }  // namespace brevant

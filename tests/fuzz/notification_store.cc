@@ -15,6 +15,11 @@ struct Silence : brevant::Log {
   void write(std::string_view) override {}
 };
 
+struct StandingClock : brevant::Clock {
+  brevant::Date now() const override { return {}; }
+  double monotonicSeconds() const override { return 0; }
+};
+
 // The container of this run, gone with it.
 struct Container {
   Container() { std::filesystem::create_directories(path / "Notifications"); }
@@ -35,10 +40,11 @@ std::size_t pendingCount(brevant::UserNotificationCenter& center) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const Container container;
   static Silence log;
+  static const StandingClock clock;
   std::ofstream(container.path / "Notifications/requests.json", std::ios::binary)
       .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
 
-  const auto center = brevant::makeNotificationStore(container.path, log);
+  const auto center = brevant::makeNotificationStore(container.path, clock, log);
   const std::size_t before = pendingCount(*center);
   std::string error;
   center->add({"remind-fuzz", {}, {}}, [&](const std::string& problem) { error = problem; });

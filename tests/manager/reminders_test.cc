@@ -179,7 +179,8 @@ TEST_F(Reminders, SchedulingReplacesThoseMarkedByTheirIdentifier) {
   EXPECT_EQ(
       pending[2].content,
       (NotificationContent{"Remind", "What are you doing now?", {{"type", "notify"}}, "default"}));
-  EXPECT_EQ(pending[2].trigger, (CalendarTrigger{{2023, 11, 15, 9, 13, 20, 4}, false}));
+  EXPECT_EQ(pending[2].trigger,
+            (CalendarTrigger{{2023, 11, 15, 9, 13, 20, 4}, false, dateFromSeconds(1'700'039'600)}));
   EXPECT_EQ(pending[3].trigger.components.hour, 20);
 }
 

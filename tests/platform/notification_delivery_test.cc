@@ -1,5 +1,6 @@
 #include "platform/linux/notification_delivery.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <csignal>
 #include <gmock/gmock.h>
@@ -14,6 +15,7 @@
 #include "platform/linux/notification_store.h"
 #include "tests/support/fake_platform.h"
 #include "tests/support/processes.h"
+#include "tests/support/replaced_services.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/time_zone.h"
 
@@ -110,11 +112,52 @@ TEST_F(NotificationDeliveryTest, FollowsTheZoneOfTheMoment) {
   EXPECT_THAT(service.shown(), ElementsAre("at noon"));
 }
 
+// Times are minutes after the clocks' change; what is due at the end of an hour is late by then.
+TEST_F(NotificationDeliveryTest, ShowsNothingForAnInstantBeforeItWasAdded) {
+  constexpr double kBerlin = 1'729'990'800, kLordHowe = 1'712'415'600;
+  constexpr int kNever = 100;
+  const struct {
+    const char* zone;
+    double change;
+    int added;
+    std::vector<int> meant;
+    bool isMeantKnown;
+    std::vector<int> shown;
+  } cases[] = {
+      {"Europe/Berlin", kBerlin, -70, {-30}, false, {-30}},
+      {"Europe/Berlin", kBerlin, -50, {10}, false, {10}},
+      {"Europe/Berlin", kBerlin, -70, {30}, true, {30}},
+      {"Europe/Berlin", kBerlin, -50, {30, -30}, true, {-30, 30}},
+      {"Europe/Berlin", kBerlin, 10, {5, 70}, false, {70}},
+      {"Australia/Lord_Howe", kLordHowe, -20, {10}, false, {10}},
+      {"Australia/Lord_Howe", kLordHowe, -40, {20, -10}, true, {-10, 20}},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(std::string(each.zone) + ' ' + std::to_string(&each - cases));
+    const test::TimeZone here(each.zone);
+    const auto instant = [&](int minute) { return dateFromSeconds(each.change + minute * 60); };
+    for (const int meant : each.meant) {
+      CalendarTrigger trigger{makeCalendar()->components(instant(meant)), false};
+      if (each.isMeantKnown) trigger.instant = instant(meant) + Seconds(0.5);
+      fakes.notifications.pending.push_back(
+          {std::to_string(meant), {}, trigger, instant(each.added)});
+    }
+    std::vector<int> shown;
+    for (int minute = each.added; minute < kNever; ++minute) {
+      fakes.clock.time = instant(minute);
+      const std::size_t before = service.shown().size();
+      deliver();
+      if (service.shown().size() > before) shown.push_back(minute);
+    }
+    EXPECT_EQ(shown, each.shown);
+    EXPECT_THAT(pending(), IsEmpty());
+  }
+}
+
 TEST_F(NotificationDeliveryTest, WaitsAnHourForTheService) {
   add("a", 0);
   service.goAway(true);
   EXPECT_EQ(deliver(), Delivery::kNoService);
-  EXPECT_THAT(fakes.log.lines, ElementsAre(HasSubstr("No notification service")));
   fakes.clock.time += Seconds(3600);
   EXPECT_EQ(deliver(), Delivery::kNoService);
   EXPECT_THAT(pending(), ElementsAre("a"));
@@ -138,7 +181,11 @@ TEST_F(NotificationDeliveryTest, HasButtonsWhenSomebodyHearsThem) {
   EXPECT_THAT(service.shown(), ElementsAre("a+stop", "b"));
 }
 
-TEST_F(NotificationDeliveryTest, FailsWithoutAContainer) {
+TEST_F(NotificationDeliveryTest, FailsWithoutAContainerForWhatIsPending) {
+  fakes.files.container = folder.path / "new";
+  EXPECT_EQ(deliver(), Delivery::kDone);
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path));
+  add("a", 0);
   fakes.files.container.reset();
   EXPECT_EQ(deliver(), Delivery::kFailed);
   fakes.files.container = folder.write("file", "");
@@ -157,7 +204,9 @@ class NotificationWatchTest : public NotificationDeliveryTest {
 
   test::FakeLog log;
   const std::unique_ptr<Clock> clock = makeClock(std::nullopt);
-  const std::unique_ptr<UserNotificationCenter> center = makeNotificationStore(folder.path, log);
+  // What is added was added long ago.
+  const std::unique_ptr<UserNotificationCenter> center =
+      makeNotificationStore(folder.path, fakes.clock, log);
 };
 
 TEST_F(NotificationWatchTest, ShowsNewRequestsInTimeAndEndsOnSignals) {
@@ -182,6 +231,38 @@ TEST_F(NotificationWatchTest, ShowsNewRequestsInTimeAndEndsOnSignals) {
   }
   EXPECT_THAT(service.shown(), ElementsAre("overdue", "due", "soon", "overdue", "due", "soon"));
   center->pendingRequests([](const auto& requests) { EXPECT_THAT(requests, IsEmpty()); });
+}
+
+// A store that cannot be written for a while.
+struct FullCenter : test::FakeNotificationCenter {
+  void removePendingRequests(const std::vector<std::string>& identifiers) override {
+    if (identifiers.empty() || --failures < 0) center->removePendingRequests(identifiers);
+  }
+  void pendingRequests(Handler handler) override { center->pendingRequests(std::move(handler)); }
+
+  UserNotificationCenter* center = nullptr;
+  std::atomic<int> failures = 2;
+};
+
+TEST_F(NotificationWatchTest, ShowsOnceWhatCannotBeDroppedAtOnce) {
+  FullCenter full;
+  full.center = center.get();
+  add("a", -60, *center, clock->now());
+  std::thread watch([&] {
+    const Platform limited = test::replaced(platform(), {.notifications = &full});
+    EXPECT_TRUE(watchNotifications(limited, service, {}));
+  });
+  service.waitFor(1);
+  while (full.failures > 1) std::this_thread::yield();
+  add("b", -60, *center, clock->now());
+  service.waitFor(2);
+  for (bool isEmpty = false; !isEmpty; std::this_thread::yield()) {
+    center->pendingRequests([&](const auto& requests) { isEmpty = requests.empty(); });
+  }
+  pthread_kill(watch.native_handle(), SIGTERM);
+  watch.join();
+  EXPECT_THAT(service.shown(), ElementsAre("a", "b"));
+  EXPECT_THAT(fakes.log.lines, ElementsAre(HasSubstr("cannot be changed")));
 }
 
 // Notes what it shows at the end of a file that processes share.

@@ -10,9 +10,12 @@
 namespace brevant {
 namespace {
 
+using testing::AllOf;
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 const std::string kFile = "Notifications/requests.json";
 
@@ -25,6 +28,7 @@ NotificationRequest request(const std::string& identifier, int minute = 0) {
 std::vector<NotificationRequest> pending(UserNotificationCenter& center) {
   std::vector<NotificationRequest> result;
   center.pendingRequests([&](const auto& requests) { result = requests; });
+  for (NotificationRequest& each : result) each.added.reset();
   return result;
 }
 
@@ -36,9 +40,12 @@ std::string add(UserNotificationCenter& center, const NotificationRequest& added
 
 class NotificationStoreTest : public testing::Test {
  protected:
-  std::unique_ptr<UserNotificationCenter> open() { return makeNotificationStore(folder.path, log); }
+  std::unique_ptr<UserNotificationCenter> open() {
+    return makeNotificationStore(folder.path, clock, log);
+  }
 
   const test::TemporaryFolder folder;
+  test::FakeClock clock;
   test::FakeLog log;
 };
 
@@ -76,16 +83,31 @@ TEST_F(NotificationStoreTest, StoresANameThatIsNoText) {
   EXPECT_EQ(pending(*open()).at(0).content.body, "\xEF\xBF\xBD");
 }
 
-TEST_F(NotificationStoreTest, NeverOverwritesABrokenFile) {
+TEST_F(NotificationStoreTest, KeepsTheInstantsOfARequest) {
+  NotificationRequest added = request("a");
+  added.trigger.instant = dateFromSeconds(1709247599.25);
+  clock.time += Seconds(0.125);
+  add(*open(), added);
+  added.added = clock.time;
+  open()->pendingRequests([&](const auto& read) { EXPECT_THAT(read, ElementsAre(added)); });
+}
+
+TEST_F(NotificationStoreTest, NeverOverwritesABrokenFileAndTellsOfItOnce) {
   for (const std::string& contents :
        {std::string(), std::string("{\"requests\":5"), std::string("{\"requests\":[{}]}"),
-        std::string("{\"requests\":[{\"identifier\":\"a\",\"trigger\":[]}]}")}) {
-    folder.write(kFile, contents);
-    EXPECT_THAT(pending(*open()), IsEmpty());
-    EXPECT_THAT(add(*open(), request("a")), HasSubstr(kFile));
-    open()->removePendingRequests({"a"});
-    EXPECT_EQ(folder.read(kFile), contents);
-    EXPECT_THAT(log.lines, testing::AllOf(testing::SizeIs(3), testing::Each(HasSubstr(kFile))));
+        std::string("{\"requests\":[{\"identifier\":\"a\",\"trigger\":[]}]}"),
+        std::string("{\"requests\":[]}") + std::string(std::size_t{16} << 20U, ' ')}) {
+    const auto center = open();
+    for (int time = 1; time <= 2; ++time) {
+      folder.write(kFile, contents);
+      EXPECT_THAT(pending(*center), IsEmpty());
+      EXPECT_THAT(add(*center, request("a")), HasSubstr(kFile));
+      center->removePendingRequests({"a"});
+      EXPECT_TRUE(folder.read(kFile) == contents);
+      EXPECT_THAT(log.lines, AllOf(SizeIs(time), Each(HasSubstr(kFile))));
+      folder.write(kFile, "{\"requests\":[]}");
+      EXPECT_EQ(add(*center, request("a")), "");
+    }
     log.lines.clear();
   }
 }
