@@ -19,6 +19,7 @@ ExitCode listRecords(Context& context) {
   const std::optional<FileUrl> container = context.platform.files.containerUrl(kAppGroupIdentifier);
   const std::vector<CloudRecord> records = savedCloudRecords(
       cloudDirectory(container ? container->path() : ""), kCloudContainerIdentifier);
+  if (records.empty()) context.warnIfNoContainer();
   if (context.options.json) {
     context.print(cloudRecordsJson(records));
     return ExitCode::kDone;

@@ -56,6 +56,7 @@ std::vector<LiveActivity> listed(Context& context, bool endedToo) {
 }
 
 ExitCode list(Context& context, bool endedToo) {
+  context.warnIfNoContainer();
   const std::vector<LiveActivity> activities = listed(context, endedToo);
   if (context.options.json) {
     context.print(liveActivitiesJson(activities));

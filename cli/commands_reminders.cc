@@ -1,11 +1,9 @@
-#include <algorithm>
-
 #include "cli/commands.h"
 #include "cli/context.h"
 #include "cli/json_reminders.h"
 #include "cli/other_program.h"
-#include "cli/pending_requests.h"
 #include "cli/reminder_actions.h"
+#include "cli/reminder_store.h"
 #include "cli/terminal_text.h"
 #include "cli/text_time.h"
 #include "manager/notify_settings.h"
@@ -15,6 +13,7 @@ namespace brevant {
 namespace {
 
 ExitCode printSettings(Context& context) {
+  context.warnIfNoContainer();
   const NotifySettings settings = WidgetManager::open(context.platform)->notifySettings();
   const std::string description = settings.description(context.platform.bundle);
   if (context.options.json) {
@@ -35,56 +34,56 @@ ExitCode printTimes(Context& context) {
   return context.doneReading();
 }
 
-ExitCode printPending(Context& context) {
-  const std::vector<NotificationRequest> requests = pendingRequests(context.platform.notifications);
-  if (context.options.json) {
-    context.print(notificationRequestsJson(requests));
-    return ExitCode::kDone;
-  }
+void printRequests(Context& context, const std::vector<NotificationRequest>& requests) {
+  if (context.options.json) return context.print(notificationRequestsJson(requests));
   for (const NotificationRequest& request : requests) {
     const Date due = context.platform.calendar.date(request.trigger.components);
     context.printLine(dateText(due, context.platform.calendar) + "  " +
                       printable(request.content.body));
   }
+}
+
+ExitCode printPending(Context& context) {
+  std::vector<NotificationRequest> requests;
+  if (context.warnIfNoContainer()) {
+    const ReminderStore store(context);
+    requests = store.pending();
+    if (store.problem()) context.warn(*store.problem());
+  }
+  printRequests(context, requests);
   return ExitCode::kDone;
 }
 
-// Neither scheduling nor cancelling answers anything, so both are told by what is pending
-// afterwards.
-ExitCode refuseUnstored(Context& context) {
-  return context.refuse("the pending reminders could not be stored");
-}
-
 ExitCode schedule(Context& context) {
-  const auto manager = context.openForReading();
+  context.warnIfNoDatabase();
+  const ReminderStore store(context);
+  const auto manager = WidgetManager::open(store.platform());
   if (!manager->notifySettings().enabled) {
     if (!context.options.json) context.printLine("Reminders are off; nothing was scheduled");
     return context.done();
   }
-  const auto before = pendingRequests(context.platform.notifications);
   manager->scheduleRemindMeNotifications();
-  const auto after = pendingRequests(context.platform.notifications);
+  const std::size_t count = store.pending().size();
   if (context.log.failure()) return context.doneReading();
-  const bool hasTimes = !manager->notifyHours().empty();
-  if (hasTimes && (after.empty() || after == before)) return refuseUnstored(context);
-  if (!context.options.json) {
-    context.printLine("Pending reminders: " + std::to_string(after.size()));
-  }
+  if (store.problem()) return context.refuse("not every reminder was stored: " + *store.problem());
+  if (!context.options.json) context.printLine("Pending reminders: " + std::to_string(count));
   return context.done();
 }
 
 ExitCode cancel(Context& context) {
-  WidgetManager::open(context.platform)->cancelRemindMeNotifications();
-  const auto left = pendingRequests(context.platform.notifications);
-  const bool isReminderLeft = std::any_of(left.begin(), left.end(), [](const auto& request) {
-    const auto type = request.content.userInfo.find("type");
-    return type != request.content.userInfo.end() && type->second == "notify";
-  });
-  return isReminderLeft ? refuseUnstored(context) : context.done();
+  if (!context.warnIfNoContainer()) return context.done();
+  const ReminderStore store(context);
+  WidgetManager::open(store.platform())->cancelRemindMeNotifications();
+  if (store.problem()) return context.refuse("nothing was cancelled: " + *store.problem());
+  return context.done();
 }
 
 ExitCode deliverOnce(Context& context) {
-  switch (deliverDueNotifications(context.platform, *context.notifications)) {
+  if (!context.warnIfNoContainer()) return context.done();
+  const ReminderStore store(context);
+  const Delivery delivery = deliverDueNotifications(store.platform(), *context.notifications);
+  if (store.problem()) return context.refuse(*store.problem());
+  switch (delivery) {
     case Delivery::kDone:
       return context.done();
     case Delivery::kNoService:
@@ -127,7 +126,9 @@ void addReminderCommands(CommandLine& line) {
   const Command delivering =
       reminders.command("deliver", "Show what is due on the desktop and drop it",
                         "brevant reminders deliver --watch");
-  const auto watch = delivering.flag("--watch", "Keep doing so until told to end with SIGTERM");
+  const auto watch = delivering.flag("--watch",
+                                     "Keep doing so until told to end with SIGTERM; only then with "
+                                     "buttons to stop and pause what runs");
   delivering.run([watch](Context& context) { return deliver(context, *watch); });
 }
 

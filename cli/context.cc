@@ -69,6 +69,12 @@ void Context::warnIfNoDatabase() const {
   if (const std::optional<std::string> trouble = missingDatabase(platform.files)) warn(*trouble);
 }
 
+bool Context::warnIfNoContainer() const {
+  const std::optional<std::string> trouble = missingContainer(platform.files);
+  if (trouble) warn(*trouble);
+  return !trouble;
+}
+
 std::unique_ptr<WidgetManager> Context::openForReading() {
   warnIfNoDatabase();
   return WidgetManager::open(platform);

@@ -43,6 +43,9 @@ class Context {
   // Says on stderr when the shared database is not there, and why.
   void warnIfNoDatabase() const;
 
+  // The same for the container, for a query that needs no database. False when it is not there.
+  bool warnIfNoContainer() const;
+
   // Opens the shared database for queries; they are empty when it is not there.
   std::unique_ptr<WidgetManager> openForReading();
 

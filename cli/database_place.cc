@@ -10,11 +10,6 @@
 namespace brevant {
 namespace {
 
-std::string withoutFinalSlash(std::string path) {
-  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
-  return path;
-}
-
 // The database's path begins with three slashes; people write one.
 std::string withOneSlash(std::string path) {
   path.erase(0, std::min(path.find_first_not_of('/'), path.size()));
@@ -23,19 +18,31 @@ std::string withOneSlash(std::string path) {
 
 }  // namespace
 
+std::optional<std::string> containerDirectory(const FileManager& files) {
+  const std::optional<FileUrl> url = files.containerUrl(kAppGroupIdentifier);
+  if (!url) return std::nullopt;
+  std::string path = url->path();
+  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+  return path;
+}
+
+std::optional<std::string> missingContainer(const FileManager& files) {
+  const std::optional<std::string> container = containerDirectory(files);
+  if (!container) return "there is no container";
+  if (access(container->c_str(), X_OK) != 0 && errno == EACCES) {
+    return "the container " + *container + " cannot be entered: " + std::strerror(EACCES);
+  }
+  if (files.fileExists(*container)) return std::nullopt;
+  return "there is no container at " + *container + " (brevant sample DIR makes one to try)";
+}
+
 std::optional<std::string> missingDatabase(const FileManager& files) {
   const std::optional<std::string> path = containerPath(files, kDatabaseFile);
   const std::optional<FileUrl> url = files.containerUrl(kAppGroupIdentifier);
   if (!path || !url) return "there is no container";
   if (files.fileExists(*path)) return std::nullopt;
 
-  const std::string container = withoutFinalSlash(url->path());
-  if (access(container.c_str(), X_OK) != 0 && errno == EACCES) {
-    return "the container " + container + " cannot be entered: " + std::strerror(EACCES);
-  }
-  if (!files.fileExists(container)) {
-    return "there is no container at " + container + " (brevant sample DIR makes one to try)";
-  }
+  if (auto trouble = missingContainer(files)) return trouble;
   const std::string looked = withOneSlash(*path);
   if (looked != url->appendingPathComponent(kDatabaseFile).path()) {
     return "the path of the container needs percent escapes, so its database is looked for at " +

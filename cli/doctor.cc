@@ -30,15 +30,8 @@ std::string joined(const std::set<std::string>& names) {
   return text;
 }
 
-std::string containerDirectory(const Context& context) {
-  const std::optional<FileUrl> url = context.platform.files.containerUrl(kAppGroupIdentifier);
-  std::string directory = url ? url->path() : "";
-  while (directory.size() > 1 && directory.ends_with('/')) directory.pop_back();
-  return directory;
-}
-
 Finding checkContainer(const Context& context) {
-  const std::string directory = containerDirectory(context);
+  const std::string directory = containerDirectory(context.platform.files).value_or("");
   if (directory.empty() || !context.platform.files.fileExists(directory)) {
     return {
         "container", State::kProblem, "there is no container at " + directory,
@@ -87,7 +80,7 @@ Finding checkDatabase(const Context& context) {
 }
 
 Finding checkSettings(const Context& context) {
-  const std::string path = settingsPath(containerDirectory(context));
+  const std::string path = settingsPath(containerDirectory(context.platform.files).value_or(""));
   if (!context.platform.files.fileExists(path)) {
     return {"settings", State::kGood, "none yet, so every setting has its default", ""};
   }

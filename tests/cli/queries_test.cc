@@ -79,6 +79,21 @@ TEST_F(Queries, WithoutDatabaseAreEmptyAndSayWhatIsMissing) {
     }
     EXPECT_EQ(run({"stop", "--container", container}).exitCode, 1);
   }
+  const std::vector<std::vector<std::string>> withoutDatabase{{"reminders", "pending", "--json"},
+                                                              {"live", "list", "--json"},
+                                                              {"cloud", "--json"},
+                                                              {"reminders", "cancel"},
+                                                              {"reminders", "deliver"}};
+  for (std::vector<std::string> command : withoutDatabase) {
+    const bool isQuery = command.back() == "--json";
+    command.insert(command.end(), {"--container", path("none")});
+    const Outcome outcome = run(command);
+    EXPECT_EQ(outcome.exitCode, 0) << command[1];
+    EXPECT_EQ(outcome.out, isQuery ? "[]\n" : "") << command[1];
+    EXPECT_EQ(outcome.err, "brevant: there is no container at " + path("none") +
+                               " (brevant sample DIR makes one to try)\n");
+    EXPECT_EQ(run({command[0], command[1], "--container", path("empty")}).err, "") << command[1];
+  }
   EXPECT_FALSE(std::filesystem::exists(path("none")));
   EXPECT_TRUE(std::filesystem::is_empty(path("empty")));
 }

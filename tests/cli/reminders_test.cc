@@ -50,9 +50,35 @@ TEST_F(Reminders, TellSettingsTimesAndWhatIsPending) {
                                          {"repeats", false}}));
   EXPECT_EQ(run({"reminders", "cancel"}).exitCode, 0);
   EXPECT_EQ(ask({"reminders", "pending"}), Json::array());
+}
 
-  write("Notifications/requests.json", "broken");
-  EXPECT_EQ(run({"reminders", "schedule"}).exitCode, 1);
+TEST_F(Reminders, SayInOneLineWhatIsWrongWithTheirFile) {
+  const std::string file = "Notifications/requests.json";
+  const auto expectTold = [&](const char* command, int exitCode) {
+    const Outcome outcome = run({"reminders", command});
+    EXPECT_EQ(outcome.exitCode, exitCode) << command;
+    EXPECT_EQ(outcome.out, "") << command;
+    EXPECT_NE(outcome.err.find(path(file)), std::string::npos) << outcome.err;
+    EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
+  };
+  write(file, "{");
+  for (const char* command : {"schedule", "cancel", "deliver"}) expectTold(command, 1);
+  expectTold("pending", 0);
+
+  // There is room for the first of the two.
+  write(file, R"({"requests":[]})");
+  addCategory("C", "");
+  database.run("UPDATE categories SET name = hex(zeroblob(5000000))");
+  addActivity("A", "C", 1, "1699999000");
+  expectTold("schedule", 1);
+  EXPECT_EQ(ask({"reminders", "pending"}).size(), 1U);
+}
+
+TEST_F(Reminders, OfOneMinuteAreDescribedLikeAllOthers) {
+  write("Library/Preferences/group.brevant.plist",
+        "<plist version=\"1.0\"><dict><key>notifySettings</key><dict><key>notifyMinutes</key>"
+        "<integer>1</integer></dict></dict></plist>");
+  EXPECT_EQ(ask({"reminders", "settings"})["description"], "Every 1 minutes");
 }
 
 TEST_F(Reminders, StayPendingWithoutAService) {
@@ -62,7 +88,8 @@ TEST_F(Reminders, StayPendingWithoutAService) {
   now = kFirstDue;
   const Outcome outcome = run({"reminders", "deliver"});
   EXPECT_EQ(outcome.exitCode, 1);
-  EXPECT_TRUE(outcome.err.ends_with("what is due stays pending\n")) << outcome.err;
+  EXPECT_EQ(outcome.err,
+            "brevant: no notification service is running; what is due stays pending\n");
   EXPECT_EQ(ask({"reminders", "pending"}).size(), 2U);
 }
 
