@@ -35,7 +35,7 @@ void measure(benchmark::State& state, const TypeList& types) {
 
 void oneGroup(benchmark::State& state) {
   const auto count = static_cast<std::size_t>(state.range(0));
-  measure(state, tree(count, 1, [](std::size_t) { return 0; }));
+  measure(state, tree(count, 1, [](std::size_t) { return std::size_t{0}; }));
 }
 
 void tenChildrenEach(benchmark::State& state) {

@@ -4,23 +4,23 @@
 #include <fstream>
 #include <functional>
 #include <gmock/gmock.h>
-#include <sys/ptrace.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "store/fm_database.h"
 #include "store/widget_dao.h"
 #include "tests/support/database.h"
+#include "tests/support/processes.h"
 
 namespace brevant {
 namespace {
 
+using test::End;
 using test::FakeClock;
 using test::FakeLog;
 using test::FakePlatform;
 using test::FakeSettings;
 using test::FileLock;
+using test::runKilledAt;
 using test::TestDatabase;
 using testing::Contains;
 using testing::Each;
@@ -197,31 +197,6 @@ TEST_F(WriteFaultsTest, AFullDiskUndoesTheWholeWrite) {
   }
   EXPECT_GT(undone, 5);
   EXPECT_NE(contents(), before);
-}
-
-enum class End { kKilled, kFinished, kUntraceable };
-
-// Does the work in a process of its own, killed when it enters its n-th system call.
-End runKilledAt(int n, const std::function<void()>& work) {
-  const pid_t child = fork();
-  if (child == 0) {
-    if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) _exit(1);
-    raise(SIGSTOP);
-    work();
-    _exit(0);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  if (WIFEXITED(status)) return End::kUntraceable;
-  const int stops = 2 * n - 1;  // one at each end of a call
-  for (int i = 0; i < stops; ++i) {
-    ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-    waitpid(child, &status, 0);
-    if (WIFEXITED(status)) return End::kFinished;
-  }
-  kill(child, SIGKILL);
-  waitpid(child, &status, 0);
-  return End::kKilled;
 }
 
 class KilledWriteTest : public WriteFaultsTest, public testing::WithParamInterface<const char*> {};
