@@ -62,6 +62,9 @@ ExitCode schedule(Context& context) {
     if (!context.options.json) context.printLine("Reminders are off; nothing was scheduled");
     return context.done();
   }
+  // With nothing to read there would be no times, and the pending ones would be gone.
+  static_cast<void>(manager->notifyHours());
+  if (context.log.failure()) return context.doneReading();
   manager->scheduleRemindMeNotifications();
   const std::size_t count = store.pending().size();
   if (context.log.failure()) return context.doneReading();

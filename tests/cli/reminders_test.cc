@@ -48,6 +48,11 @@ TEST_F(Reminders, TellSettingsTimesAndWhatIsPending) {
                                          {"minute", 13},
                                          {"second", 20},
                                          {"repeats", false}}));
+  {
+    const FileLock lock(database);
+    EXPECT_EQ(run({"reminders", "schedule"}).exitCode, 1);
+  }
+  EXPECT_EQ(ask({"reminders", "pending"}), pending);
   EXPECT_EQ(run({"reminders", "cancel"}).exitCode, 0);
   EXPECT_EQ(ask({"reminders", "pending"}), Json::array());
 }
