@@ -85,6 +85,34 @@ TEST(Modifiers, MonospacedDigitsKeepTheirWidth) {
   const QByteArray style = "{'font':{'size':40}},{'monospacedDigit':true}";
   EXPECT_EQ(viewOf(text(style, "11:11"))->sizeHint(), viewOf(text(style, "00:00"))->sizeHint());
   EXPECT_NE(viewOf(text("", "11:11"))->sizeHint(), viewOf(text("", "00:00"))->sizeHint());
+  // And so what follows them keeps its place: drawn, the last letter does not move.
+  for (const int size : {12, 17, 34, 44}) {
+    const QByteArray font = "{'font':{'size':" + QByteArray::number(size) + "}}";
+    const auto endOf = [&](const QByteArray& digits, const QByteArray& more) {
+      return inkOf(drawn(text(font + more, digits + "H"), {400, 60}, 2)).right();
+    };
+    const QByteArray cells = ",{'monospacedDigit':true}";
+    EXPECT_NEAR(endOf("11:11", cells), endOf("00:00", cells), 1) << size;
+    EXPECT_LT(endOf("11:11", ""), endOf("00:00", "") - 4) << size;
+  }
+}
+
+TEST(Modifiers, TextsShrinkToTheirRoomAndNoFurtherThanTheyMay) {
+  for (const int size : {17, 20, 28, 44}) {
+    const QByteArray font = "{'font':{'size':" + QByteArray::number(size) + "}},{'lineLimit':1}";
+    const QSize whole = viewOf(text(font, "HHHHHHHHHH"))->sizeHint();
+    const auto heightIn = [&](double share, const QByteArray& least) {
+      const QSize room(qRound(whole.width() * share), whole.height());
+      const QByteArray modifiers = font + ",{'minimumScaleFactor':" + least + "}";
+      return inkOf(drawn(text(modifiers, "HHHHHHHHHH"), room, 3)).height() / 3.0;
+    };
+    const double full = size * 0.727;  // a capital's height
+    EXPECT_NEAR(heightIn(1, "0.5"), full, 0.7) << size;
+    EXPECT_NEAR(heightIn(0.8, "0.5"), full * 0.8, 0.7) << size;
+    EXPECT_NEAR(heightIn(0.3, "0.5"), full * 0.5, 0.7) << size;
+    EXPECT_NEAR(heightIn(0.3, "0.7"), full * 0.7, 0.7) << size;
+    EXPECT_NEAR(heightIn(0.3, "1"), full, 0.7) << size;
+  }
 }
 
 TEST(Modifiers, TextsStayInTheirRoomWithEveryLineLimit) {
@@ -128,6 +156,31 @@ TEST(Modifiers, FramesHaveTheirSizeAndAlignTheirContent) {
   EXPECT_EQ(
       ink("{'maxWidth':'infinity','maxHeight':'infinity','alignment':'topLeading'}", {90, 40}),
       QRect(0, 0, 10, 6));
+}
+
+TEST(Modifiers, AFrameWithAGreatestHeightIsAsHighAsItsRoomUpToThat) {
+  const QByteArray framed =
+      withModifiers(box(10, 6), "{'frame':{'maxHeight':40,'alignment':'bottom'}}");
+  const QByteArray column = "{'view':'VStack','spacing':0,'children':[" + framed + "," +
+                            box(10, 6) + ",{'view':'Spacer'}]}";
+  EXPECT_EQ(inkOf(drawn(column, {10, 200})), QRect(0, 34, 10, 12)) << "all that it may";
+  EXPECT_EQ(inkOf(drawn(framed, {10, 30})), QRect(0, 24, 10, 6)) << "all that there is";
+}
+
+// What a card or a button does anyway: neither puts anything around the view, at any size.
+TEST(Modifiers, ClearContainersAndPlainButtonsAddNothing) {
+  const QByteArray label = box(30, 20);
+  const QByteArray button =
+      "{'view':'Button','intent':{'name':'A','activityId':'B','operation':'stop'},'label':" +
+      label + ",'modifiers':[{'buttonStyle':'plain'}]}";
+  const QByteArray contained = withModifiers(
+      label, "{'containerBackground':{'color':'clear','placement':'widget','alignment':'center'}}");
+  for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+    const QImage bare = drawn(label, {}, scale);
+    EXPECT_EQ(drawn(button, {}, scale), bare) << scale;
+    EXPECT_EQ(drawn(contained, {}, scale), bare) << scale;
+    EXPECT_EQ(drawn(contained, {158, 158}, scale), drawn(label, {158, 158}, scale)) << scale;
+  }
 }
 
 TEST(Modifiers, AFrameWithAMaximumTakesNoMoreInAStack) {
