@@ -1,15 +1,14 @@
 #include "desktop/island_window.h"
 
-#include <QHBoxLayout>
 #include <QJsonObject>
 #include <QKeyEvent>
-#include <QPainter>
 #include <chrono>
 #include <utility>
 #include <vector>
 
 #include "desktop/card_row.h"
 #include "desktop/control.h"
+#include "desktop/pill.h"
 #include "desktop/spoken.h"
 #include "desktop/surface.h"
 
@@ -22,47 +21,6 @@ namespace {
 
 constexpr auto kHoverOpens = 350ms;
 constexpr auto kLeaveCloses = 500ms;
-
-// Lies over a closed presentation while the keyboard is at it.
-class FocusRing : public QWidget {
- public:
-  explicit FocusRing(QWidget* parent) : QWidget(parent) {
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-  }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-    const QRectF ring = QRectF(rect().marginsRemoved(kCardMargins)).adjusted(1, 1, -1, -1);
-    painter.drawRoundedRect(ring, ring.height() / 2, ring.height() / 2);
-  }
-};
-
-// A closed presentation. It can be reached with the keyboard; the mouse passes through to the
-// window, which tells a click from a drag.
-class Pill : public QWidget {
- public:
-  explicit Pill(std::unique_ptr<QWidget> surface) : ring_(new FocusRing(this)) {
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins({});
-    layout->addWidget(surface.release());
-    ring_->hide();
-    setFocusPolicy(Qt::TabFocus);
-  }
-
- protected:
-  void focusInEvent(QFocusEvent*) override {
-    ring_->raise();
-    ring_->show();
-  }
-  void focusOutEvent(QFocusEvent*) override { ring_->hide(); }
-  void resizeEvent(QResizeEvent*) override { ring_->setGeometry(rect()); }
-
- private:
-  FocusRing* ring_;
-};
 
 QString idOf(const QJsonObject& presentation) {
   return presentation["id"_L1].toString();
@@ -155,9 +113,11 @@ std::unique_ptr<QWidget> IslandWindow::makePills() {
       presentations_.size() == 1 ? Surface::kIslandCompact : Surface::kIslandMinimal;
   for (const QJsonValue& value : presentations_) {
     const QJsonObject presentation = value.toObject();
-    auto pill = std::make_unique<Pill>(buildSurface(surface, presentation, drawing()));
+    const auto spoken = [presentation, now = drawing().now] {
+      return spokenPresentations({presentation}, now());
+    };
+    auto pill = std::make_unique<Pill>(buildSurface(surface, presentation, drawing()), spoken);
     pill->setObjectName(idOf(presentation));
-    pill->setAccessibleName(presentation["contentState"_L1]["typeName"_L1].toString());
     pill->installEventFilter(this);
     pills.push_back(std::move(pill));
   }
