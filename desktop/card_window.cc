@@ -14,7 +14,6 @@
 #include <utility>
 
 #include "desktop/card_row.h"
-#include "desktop/control.h"
 #include "desktop/translate.h"
 #include "desktop/x11_hints.h"
 
@@ -76,7 +75,8 @@ CardWindow::CardWindow(WindowKind kind, Anchor anchor, DrawingContext drawing)
   movedEnd_.setSingleShot(true);
   connect(&noticeEnd_, &QTimer::timeout, this, [this] {
     notice_->hide();
-    setControlsReady();
+    setFailedControl(Control::State::kReady);
+    failedControl_.clear();
   });
   connect(&movedEnd_, &QTimer::timeout, this, [this] { Q_EMIT moved(anchorPoint_); });
 }
@@ -102,7 +102,6 @@ void CardWindow::setTrouble(const QString& why) {
   setToolTip(why.isEmpty() ? QString() : translate("Not up to date: %1").arg(why));
   setAccessibleDescription(toolTip());
   dim();
-  if (!why.isEmpty()) setControlsReady();
 }
 
 void CardWindow::say(const QString& message) {
@@ -117,12 +116,18 @@ void CardWindow::say(const QString& message) {
   noticeEnd_.start(kNoticeTime);
 }
 
+void CardWindow::beginIntent() {
+  intentRuns_ = true;
+  failedControl_.clear();
+}
+
 // After a success the control waits for the card that takes its place.
 void CardWindow::endIntent(const QString& failure) {
   intentRuns_ = false;
   if (failure.isEmpty() || !content_) return;
-  for (Control* control : content_->findChildren<Control*>())
-    if (control->state() == Control::State::kBusy) control->setState(Control::State::kFailed);
+  for (const Control* control : content_->findChildren<Control*>())
+    if (control->state() == Control::State::kBusy) failedControl_ = control->objectName();
+  setFailedControl(Control::State::kFailed);
   say(failure);
 }
 
@@ -139,6 +144,7 @@ void CardWindow::setContent(std::unique_ptr<QWidget> content) {
     content_->setParent(this);
     content_->show();
     watchControls();
+    setFailedControl(Control::State::kFailed);
     // What does the same to the same activity: never a neighbour that only has the same word.
     auto* next = focusedName.isEmpty() ? nullptr : content_->findChild<QWidget*>(focusedName);
     if (next) next->setFocus();
@@ -157,10 +163,10 @@ void CardWindow::watchControls() {
     });
 }
 
-void CardWindow::setControlsReady() {
-  if (intentRuns_ || !content_) return;
-  for (Control* control : content_->findChildren<Control*>())
-    control->setState(Control::State::kReady);
+// Also in the next card: one is drawn as soon as an intent has ended.
+void CardWindow::setFailedControl(Control::State state) {
+  if (failedControl_.isEmpty() || !content_) return;
+  if (auto* control = content_->findChild<Control*>(failedControl_)) control->setState(state);
 }
 
 void CardWindow::fit() {

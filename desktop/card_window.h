@@ -6,14 +6,13 @@
 #include <memory>
 #include <optional>
 
+#include "desktop/control.h"
 #include "desktop/drawing_context.h"
 #include "desktop/window_kind.h"
 
 class QLabel;
 
 namespace brevant {
-
-class Control;
 
 // A window without a frame that is as large as the card in it. It can be dragged to any place, says
 // for a moment what did not work, and dims while what it shows may be out of date. It is on screen
@@ -42,8 +41,9 @@ class CardWindow : public QWidget {
   void setTrouble(const QString& why);
   // Says something for a moment.
   void say(const QString& message);
-  // The intent that was asked for has begun; the control that asked shows it.
-  void beginIntent() { intentRuns_ = true; }
+  // The intent that was asked for has begun; the control that asked shows it, and a failure as long
+  // as it is said why.
+  void beginIntent();
   void endIntent(const QString& failure);
 
   // What a screen reader says when the window is reached, such as "Reading, 1 hour 5 minutes".
@@ -76,7 +76,7 @@ class CardWindow : public QWidget {
 
  private:
   void watchControls();
-  void setControlsReady();
+  void setFailedControl(Control::State state);
   void fit();
   void cutOut();
   void dim();
@@ -89,6 +89,7 @@ class CardWindow : public QWidget {
   QLabel* notice_;
   QTimer noticeEnd_, movedEnd_;
   QString trouble_;
+  QString failedControl_;  // its object name
   bool wanted_ = false, intentRuns_ = false, dragged_ = false, wasMoved_ = false;
   QPoint anchorPoint_, placedAt_;
   std::optional<QPoint> pressedAt_;  // in the window, while a drag may begin

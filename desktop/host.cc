@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <chrono>
 #include <cstdio>
+#include <cstring>
 
 #include "desktop/card_accessible.h"
 #include "desktop/translate.h"
@@ -21,6 +22,9 @@ using namespace std::chrono_literals;
 namespace {
 
 const RetryPauses kRestartPauses(1s, 5min);
+
+// The words that a host is told: to come to the front, or to say what follows.
+constexpr char kShow[] = "show", kSay[] = "say ";
 
 // The name of an option without its dashes, and its value in the words for `brevant`.
 QString valueOf(const QStringList& words, const QString& option) {
@@ -65,16 +69,18 @@ double systemTime() {
   return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
 }
 
-// Has the host do it that shows the container, or where there is none `brevant` itself.
+// The host that shows the container sees by itself what has changed; only a failure it has to say,
+// since whoever started this from a menu sees nothing else of it.
 int runAction(int argc, char** argv, const Options& options) {
   const QCoreApplication app(argc, argv);
   const Preferences preferences(Preferences::defaultFile());
   const BrevantClient::Options clientOptions = clientFor(options, preferences);
-  if (SingleInstance::tell(clientOptions.container, options.action->toUtf8())) return 0;
   BrevantClient client(clientOptions);
-  client.perform({*options.action}, &client, [](const Answer& answer) {
-    if (!answer.error.isEmpty()) std::fprintf(stderr, "%s\n", qPrintable(answer.error));
-    QCoreApplication::exit(answer.outcome == Answer::Outcome::kDone ? 0 : 1);
+  client.perform({*options.action}, &client, [&](const Answer& answer) {
+    if (answer.outcome == Answer::Outcome::kDone) return QCoreApplication::exit(0);
+    std::fprintf(stderr, "brevant-desktop: %s\n", qPrintable(answer.error));
+    SingleInstance::tell(clientOptions.container, kSay + answer.error.toUtf8());
+    QCoreApplication::exit(1);
   });
   return QCoreApplication::exec();
 }
@@ -117,7 +123,7 @@ bool Host::start() {
 bool Host::claim(const QString& container) {
   auto instance = SingleInstance::claim(container);
   if (!instance) {
-    SingleInstance::tell(container, "show");
+    SingleInstance::tell(container, kShow);
     return false;
   }
   connect(instance.get(), &SingleInstance::told, this, &Host::takeWord);
@@ -141,8 +147,7 @@ void Host::showDesk() {
   const ContainerModel::Options model{client_, drawing().now};
   desk_ = std::make_unique<Desk>(model, drawing(), preferences_);
   connect(desk_.get(), &Desk::quitAsked, this, &Host::endAsked);
-  connect(desk_.get(), &Desk::folderAsked, this,
-          [this] { askForFolder(this, [this](const QString& folder) { change(folder); }); });
+  connect(desk_.get(), &Desk::folderAsked, this, &Host::askForFolder);
   reminders_ = std::make_unique<RemindersChild>(client_, kRestartPauses);
 }
 
@@ -151,8 +156,7 @@ void Host::showStart() {
   connect(start_.get(), &StartWindow::closed, this, &Host::endAsked);
   // Queued, because the window may be gone afterwards.
   connect(start_.get(), &StartWindow::sampleAsked, this, &Host::makeSample, Qt::QueuedConnection);
-  connect(start_.get(), &StartWindow::folderAsked, this,
-          [this] { askForFolder(this, [this](const QString& folder) { change(folder); }); });
+  connect(start_.get(), &StartWindow::folderAsked, this, &Host::askForFolder);
   waiting_ = std::make_unique<ContainerWatcher>(client_.container, 150ms);
   // Queued, because what is told here is deleted then.
   const auto look = [this] {
@@ -160,6 +164,18 @@ void Host::showStart() {
   };
   connect(waiting_.get(), &ContainerWatcher::changed, this, look, Qt::QueuedConnection);
   start_->show();
+}
+
+// However often it is asked for, there is one dialog.
+void Host::askForFolder() {
+  if (folderDialog_) {
+    folderDialog_->raise();
+    return folderDialog_->activateWindow();
+  }
+  folderDialog_ = makeFolderDialog().release();
+  connect(folderDialog_, &QFileDialog::fileSelected, this, &Host::change);
+  connect(this, &QObject::destroyed, folderDialog_, &QObject::deleteLater);
+  folderDialog_->open();
 }
 
 void Host::change(const QString& folder) {
@@ -186,8 +202,10 @@ void Host::makeSample() {
 }
 
 void Host::takeWord(const QByteArray& word) {
-  if (word != "show") {
-    if (desk_) desk_->run({QString::fromUtf8(word)});
+  if (word.startsWith(kSay)) {
+    tellFailure(QString::fromUtf8(word.mid(static_cast<qsizetype>(std::strlen(kSay)))));
+  } else if (word != kShow) {
+    return;
   } else if (desk_) {
     desk_->raise();
   } else if (start_) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QFileDialog>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <memory>
 #include <optional>
@@ -34,6 +36,7 @@ class Host : public QObject {
   void show();
   void showDesk();
   void showStart();
+  void askForFolder();
   void change(const QString& folder);
   void makeSample();
   void takeWord(const QByteArray& word);
@@ -47,6 +50,7 @@ class Host : public QObject {
   std::unique_ptr<SingleInstance> instance_;
   std::unique_ptr<ContainerWatcher> waiting_;  // for a log to appear
   std::unique_ptr<StartWindow> start_;
+  QPointer<QFileDialog> folderDialog_;  // deletes itself when it is closed
   std::unique_ptr<Desk> desk_;
   std::unique_ptr<RemindersChild> reminders_;
 };

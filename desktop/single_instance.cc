@@ -87,7 +87,7 @@ void SingleInstance::listen() {
 }
 
 void SingleInstance::read() {
-  std::array<char, 64> word = {};
+  std::array<char, 1024> word = {};
   const ssize_t length = ::recv(socket_, word.data(), word.size(), 0);
   if (length > 0) Q_EMIT told(QByteArray(word.data(), length));
 }

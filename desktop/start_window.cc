@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QDir>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -85,14 +84,12 @@ void StartWindow::closeEvent(QCloseEvent* event) {
   Q_EMIT closed();
 }
 
-void askForFolder(QObject* receiver, std::function<void(const QString& folder)> chosen) {
-  auto* dialog = new QFileDialog(nullptr, translate("Choose a folder…"));
+std::unique_ptr<QFileDialog> makeFolderDialog() {
+  auto dialog = std::make_unique<QFileDialog>(nullptr, translate("Choose a folder…"));
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   dialog->setFileMode(QFileDialog::Directory);
   dialog->setOption(QFileDialog::ShowDirsOnly);
-  QObject::connect(dialog, &QFileDialog::fileSelected, receiver, std::move(chosen));
-  QObject::connect(receiver, &QObject::destroyed, dialog, &QObject::deleteLater);
-  dialog->open();
+  return dialog;
 }
 
 }  // namespace brevant

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <QFileDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QWidget>
-#include <functional>
+#include <memory>
 
 namespace brevant {
 
@@ -30,8 +31,7 @@ class StartWindow : public QWidget {
   QPushButton sample_, choose_;
 };
 
-// Lets people choose a folder; the call returns at once, and nothing is told when they think better
-// of it.
-void askForFolder(QObject* receiver, std::function<void(const QString& folder)> chosen);
+// Lets people choose a folder. Not yet open; once it is, it deletes itself when it is closed.
+[[nodiscard]] std::unique_ptr<QFileDialog> makeFolderDialog();
 
 }  // namespace brevant

@@ -97,6 +97,12 @@ TEST_F(DeskTest, SaysWhyAnIntentDidNotWork) {
   fake_.misbehave("[ \"$1\" = intent ] && { echo 'the log stayed locked' >&2; exit 1; }");
   QTest::mouseClick(pauseButton(), Qt::LeftButton);
   EXPECT_TRUE(waitUntil([&] { return says(medium(), u"the log stayed locked"_s); }));
+  // The ring stays for as long, on the card that has been drawn anew since.
+  const QPointer<Control> before = pauseButton();
+  EXPECT_TRUE(waitUntil([&] { return !before; }));
+  EXPECT_EQ(pauseButton()->state(), Control::State::kFailed);
+  EXPECT_TRUE(waitUntil([&] { return pauseButton()->state() == Control::State::kReady; }));
+  EXPECT_FALSE(says(medium(), u"the log stayed locked"_s));
 }
 
 TEST_F(DeskTest, MarksWhatIsOutOfDateAndTellsWhy) {
@@ -221,6 +227,8 @@ TEST_F(DeskTest, TheIslandOpensAndCloses) {
   showLive({u"1"_s});
   showDesk();
   ASSERT_TRUE(waitUntil([&] { return island().isVisible(); }));
+  const auto* spoken = QAccessible::queryAccessibleInterface(island().findChild<QWidget*>(u"1"_s));
+  EXPECT_EQ(spoken->text(QAccessible::Name), u"Live, 1 hour 5 minutes"_s);
   const QSize compact = island().size();
   EXPECT_FALSE(firstControl(island()));
 
