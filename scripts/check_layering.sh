@@ -25,7 +25,7 @@ hits=$(git grep -lE '^#include <sqlite3\.h>' -- '*.h' '*.cc' ':!store/*.cc' ':!t
 hits=$(git grep -lE '^#include <Q' -- '*.h' '*.cc' ':!desktop' ':!tests/desktop' ':!bench' || true)
 [ -z "$hits" ] || complain "Qt is included by: $(echo $hits)"
 # Angle brackets in the core: the standard library only.
-standard='algorithm|array|atomic|bit|charconv|chrono|cmath|compare|concepts|condition_variable|cstddef|cstdint|cstdio|cstdlib|cstring|ctime|deque|exception|filesystem|format|functional|future|initializer_list|iomanip|iostream|iterator|limits|list|map|memory|mutex|new|numbers|numeric|optional|ostream|queue|random|ranges|set|shared_mutex|span|sstream|stack|stdexcept|stop_token|string|string_view|system_error|thread|tuple|type_traits|typeinfo|unordered_map|unordered_set|utility|variant|vector|sqlite3\.h'
+standard='algorithm|array|atomic|bit|charconv|chrono|cmath|compare|concepts|condition_variable|cstddef|cstdint|cstdio|cstdlib|cstring|ctime|deque|exception|filesystem|format|functional|future|initializer_list|iomanip|iostream|iterator|limits|list|map|memory|memory_resource|mutex|new|numbers|numeric|optional|ostream|queue|random|ranges|set|shared_mutex|span|sstream|stack|stdexcept|stop_token|string|string_view|system_error|thread|tuple|type_traits|typeinfo|unordered_map|unordered_set|utility|variant|vector|sqlite3\.h'
 hits=$(grep -nE '^#include <' {platform,store,manager,widget,live}/*.{h,cc} platform/linux/*.h 2>/dev/null |
     grep -vE "#include <($standard)>" || true)
 [ -z "$hits" ] || complain "a header of the system or a library in the core:"$'\n'"$hits"

@@ -56,10 +56,19 @@ void FMResultSet::reportStep(int result) {
   parentDB_->fail({kind + " calling sqlite3_step " + parentDB_->errorText(result) + " rs"});
 }
 
+bool FMResultSet::isFound(Column& column) {
+  if (!column.index) column.index = columnIndexForName(column.name);
+  return column.index.has_value();
+}
+
 std::optional<std::string> FMResultSet::stringForColumn(std::string_view name) {
-  const std::optional<int> index = columnIndexForName(name);
-  if (!index) return std::nullopt;
-  const unsigned char* const text = sqlite3_column_text(handle_, *index);
+  Column column{name};
+  return stringForColumn(column);
+}
+
+std::optional<std::string> FMResultSet::stringForColumn(Column& column) {
+  if (!isFound(column)) return std::nullopt;
+  const unsigned char* const text = sqlite3_column_text(handle_, *column.index);
   if (!text) return std::nullopt;
   return reinterpret_cast<const char*>(text);
 }
@@ -74,9 +83,16 @@ bool FMResultSet::boolForColumn(std::string_view name) {
 }
 
 std::optional<Date> FMResultSet::dateForColumn(std::string_view name) {
-  const std::optional<int> index = columnIndexForName(name);
-  if (!index || sqlite3_column_type(handle_, *index) == SQLITE_NULL) return std::nullopt;
-  return dateFromSeconds(sqlite3_column_double(handle_, *index));
+  Column column{name};
+  return dateForColumn(column);
+}
+
+std::optional<Date> FMResultSet::dateForColumn(Column& column) {
+  if (!isFound(column)) return std::nullopt;
+  const double seconds = sqlite3_column_double(handle_, *column.index);
+  // NULL reads as 0. To ask each date for its type first would take as long as to read it.
+  const bool isNull = seconds == 0 && sqlite3_column_type(handle_, *column.index) == SQLITE_NULL;
+  return isNull ? std::nullopt : std::optional(dateFromSeconds(seconds));
 }
 
 std::optional<int> FMResultSet::columnIndexForName(std::string_view name) {

@@ -34,14 +34,23 @@ class FMResultSet {
   // Steps to the next row, if there is one. Not to be called again after it was false.
   [[nodiscard]] bool next();
 
+  // A column of a cursor's every row: its name is looked up once, at its first use.
+  struct Column {
+    std::string_view name;
+    std::optional<int> index = std::nullopt;
+  };
+
   // The text up to its first NUL.
   [[nodiscard]] std::optional<std::string> stringForColumn(std::string_view name);
+
+  [[nodiscard]] std::optional<std::string> stringForColumn(Column& column);
 
   [[nodiscard]] std::int32_t intForColumn(std::string_view name);
   [[nodiscard]] bool boolForColumn(std::string_view name);
 
   // The number of seconds since 1970-01-01 00:00 UTC.
   [[nodiscard]] std::optional<Date> dateForColumn(std::string_view name);
+  [[nodiscard]] std::optional<Date> dateForColumn(Column& column);
 
   // Of columns with the same name the last.
   [[nodiscard]] std::optional<int> columnIndexForName(std::string_view name);
@@ -49,6 +58,7 @@ class FMResultSet {
   void close();
 
  private:
+  bool isFound(Column& column);
   void readColumns();
   std::optional<int> find(std::string_view lowercaseName) const;
   void reportStep(int result);

@@ -1,6 +1,7 @@
 #include "store/widget_dao.h"
 
 #include <deque>
+#include <memory_resource>
 #include <string_view>
 #include <utility>
 
@@ -41,6 +42,12 @@ constexpr std::string_view kDeleteIntervals =
     "WHERE log_guid = ?";
 constexpr std::string_view kDeleteActivity =
     "UPDATE logs SET is_deleted = 1, sync_status = 1, updated_on = ? WHERE guid = ?";
+
+// The intervals of one query, which stay in their places.
+struct IntervalBlock {
+  std::pmr::monotonic_buffer_resource memory;
+  std::pmr::deque<WidgetInterval> records{&memory};
+};
 
 // The code as the main application stores it.
 std::uint32_t storedState(const WidgetActivity& activity) {
@@ -107,16 +114,18 @@ ActivityList WidgetDAO::findActivities() const {
 }
 
 IntervalList WidgetDAO::findIntervals(const std::optional<std::string>& activityGuid) const {
-  // One allocation for all rather than one each: there can be very many.
-  const auto records = std::make_shared<std::deque<WidgetInterval>>();
+  // A few allocations for all rather than one each: there can be very many.
+  const auto block = std::make_shared<IntervalBlock>();
+  std::pmr::deque<WidgetInterval>* const records = &block->records;
   const Argument guid(activityGuid);
   const auto row = db->executeQuery(kSelectIntervals, std::span(&guid, 1));
-  while (row && row->next()) {
-    records->push_back(WidgetInterval::intervalFromResultSet(*row, platform_.settings));
+  if (row) {
+    WidgetInterval::Reader reader(*row, platform_.settings);
+    while (row->next()) reader.read(records->emplace_back());
   }
   IntervalList intervals;
   intervals.reserve(records->size());
-  for (WidgetInterval& each : *records) intervals.emplace_back(records, &each);
+  for (WidgetInterval& each : *records) intervals.emplace_back(block, &each);
   return intervals;
 }
 

@@ -15,15 +15,19 @@ double secondsOrZero(const std::optional<Date>& date) {
 
 WidgetInterval WidgetInterval::intervalFromResultSet(FMResultSet& row,
                                                      const SharedSettings& settings) {
+  WidgetInterval interval;
+  Reader(row, settings).read(interval);
+  return interval;
+}
+
+void WidgetInterval::Reader::read(WidgetInterval& interval) {
   static const std::string kPrecision = "dateTimePrecision";
   constexpr std::int64_t kMinutePrecision = 1;
 
-  WidgetInterval interval;
-  interval.guid = row.stringForColumn("guid");
-  const bool inMinutes = settings.integer(kPrecision) == kMinutePrecision;
-  interval.from = row.dateForColumn(inMinutes ? "start_m" : "start");
-  interval.to = row.dateForColumn(inMinutes ? "finish_m" : "finish");
-  return interval;
+  interval.guid = row_.stringForColumn(guid_);
+  const bool inMinutes = settings_.integer(kPrecision) == kMinutePrecision;
+  interval.from = row_.dateForColumn(inMinutes ? startMinute_ : start_);
+  interval.to = row_.dateForColumn(inMinutes ? finishMinute_ : finish_);
 }
 
 std::uint64_t WidgetInterval::duration() const {

@@ -4,11 +4,11 @@
 #include <optional>
 
 #include "platform/date.h"
+#include "store/fm_result_set.h"
 #include "store/widget_model.h"
 
 namespace brevant {
 
-class FMResultSet;
 class SharedSettings;
 
 // One closed stretch of time of an activity.
@@ -19,6 +19,20 @@ struct WidgetInterval : WidgetModel {
   // From the cursor's current row. The setting "dateTimePrecision" is read for every row: 1 takes
   // the minute columns, anything else the exact ones.
   static WidgetInterval intervalFromResultSet(FMResultSet& row, const SharedSettings& settings);
+
+  // The same for many rows of one cursor, which it borrows.
+  class Reader {
+   public:
+    Reader(FMResultSet& row, const SharedSettings& settings) : row_(row), settings_(settings) {}
+    void read(WidgetInterval& interval);
+
+   private:
+    FMResultSet& row_;
+    const SharedSettings& settings_;
+    FMResultSet::Column guid_{"guid"};
+    FMResultSet::Column start_{"start"}, finish_{"finish"};
+    FMResultSet::Column startMinute_{"start_m"}, finishMinute_{"finish_m"};
+  };
 
   // Whole seconds, never negative; an absent date counts as 1970.
   [[nodiscard]] std::uint64_t duration() const;

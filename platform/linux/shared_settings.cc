@@ -65,9 +65,13 @@ class SettingsFile : public SharedSettings {
     if (const double now = clock_.monotonicSeconds(); now - readAt_ >= kCurrentFor) {
       read();
       readAt_ = now;
+      lastFound_ = nullptr;
     }
+    if (lastFound_ != nullptr && lastFound_->first == key) return &lastFound_->second;
     const auto found = values_->find(key);
-    return found == values_->end() ? nullptr : &found->second;
+    if (found == values_->end()) return nullptr;
+    lastFound_ = &*found;
+    return &lastFound_->second;
   }
 
   // Compares the whole file rather than its times, which two quick writes can share; it is small.
@@ -101,6 +105,7 @@ class SettingsFile : public SharedSettings {
   mutable std::string stored_;  // the bytes that `values_` was made of
   mutable std::shared_ptr<const PropertyDictionary> values_ =
       std::make_shared<const PropertyDictionary>();
+  mutable const PropertyDictionary::value_type* lastFound_ = nullptr;  // in `values_`
   mutable std::map<std::string, bool> overlaid_;  // what of `unsaved_` is in `values_`
   std::map<std::string, bool> unsaved_;
 };
