@@ -30,15 +30,9 @@ ChildProgram::ChildProgram(const std::vector<std::string>& command) {
   output_ = ends[0];
 }
 
-std::string ChildProgram::readLine() {
-  std::string line;
-  for (char c = 0; read(output_, &c, 1) == 1 && c != '\n';) line += c;
-  return line;
-}
-
-std::string ChildProgram::readAll() {
+std::string ChildProgram::readUntil(std::optional<char> end) {
   std::string text;
-  for (char c = 0; read(output_, &c, 1) == 1;) text += c;
+  for (char c = 0; read(output_, &c, 1) == 1 && c != end;) text += c;
   return text;
 }
 

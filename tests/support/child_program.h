@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -15,14 +16,16 @@ class ChildProgram {
   ChildProgram& operator=(const ChildProgram&) = delete;
 
   // The next line of its output, without the line break; empty at the end.
-  std::string readLine();
+  std::string readLine() { return readUntil('\n'); }
 
   // Everything that is left of its output; waits for its end.
-  std::string readAll();
+  std::string readAll() { return readUntil(std::nullopt); }
 
   void end();
 
  private:
+  std::string readUntil(std::optional<char> end);
+
   pid_t process_ = -1;
   int output_ = -1;
 };

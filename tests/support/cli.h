@@ -1,6 +1,5 @@
 #pragma once
 
-#include <fstream>
 #include <gtest/gtest.h>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -53,8 +52,7 @@ class Cli : public ::testing::Test {
   std::string path(const std::string& name) const { return (database.folder / name).string(); }
 
   void write(const std::string& name, const std::string& contents) const {
-    std::filesystem::create_directories((database.folder / name).parent_path());
-    std::ofstream(database.folder / name, std::ios::binary) << contents;
+    database.files.write(name, contents);
   }
 
   void addCategory(const std::string& guid, const std::string& name, int color = 0) const {

@@ -1,9 +1,6 @@
 #include "tests/support/database.h"
 
-#include <cstdlib>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <sqlite3.h>
 #include <utility>
 
@@ -27,12 +24,6 @@ CREATE TABLE time_intervals (
 CREATE INDEX time_intervals_log ON time_intervals (log_guid);
 )";
 
-std::filesystem::path newFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "brevant-XXXXXX").string();
-  if (!mkdtemp(name.data())) ADD_FAILURE() << "no temporary folder";
-  return name;
-}
-
 sqlite3* connect(const std::string& path) {
   sqlite3* connection = nullptr;
   EXPECT_EQ(sqlite3_open(path.c_str(), &connection), SQLITE_OK) << path;
@@ -55,17 +46,13 @@ void execute(sqlite3* connection, const std::string& sql, std::string* rows) {
 
 }  // namespace
 
-TestDatabase::TestDatabase() : folder(newFolder()), path((folder / "database.sqlite").string()) {
+TestDatabase::TestDatabase() {
   run(kSchema);
 }
 
 TestDatabase::TestDatabase(FakePlatform& fakes) : TestDatabase() {
   fakes.files.files[path] = "";
-}
-
-TestDatabase::~TestDatabase() {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder, ignored);
+  fakes.files.container = folder;
 }
 
 std::string TestDatabase::ask(const std::string& sql) const {
@@ -74,11 +61,6 @@ std::string TestDatabase::ask(const std::string& sql) const {
   execute(connection, sql, &rows);
   sqlite3_close(connection);
   return rows;
-}
-
-std::string TestDatabase::bytes() const {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 FileLock::FileLock(const TestDatabase& database) : connection_(connect(database.path)) {

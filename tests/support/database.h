@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tests/support/fake_platform.h"
+#include "tests/support/temporary_folder.h"
 
 struct sqlite3;
 
@@ -14,12 +15,9 @@ namespace brevant::test {
 // would.
 class TestDatabase {
  public:
-  // With a platform, its files know the database.
+  // With a platform, the folder is its container and its files know the database.
   TestDatabase();
   explicit TestDatabase(FakePlatform& fakes);
-  ~TestDatabase();
-  TestDatabase(const TestDatabase&) = delete;
-  TestDatabase& operator=(const TestDatabase&) = delete;
 
   // Any number of statements; a failure fails the test.
   void run(const std::string& sql) const { ask(sql); }
@@ -28,10 +26,11 @@ class TestDatabase {
   std::string ask(const std::string& sql) const;
 
   // The whole file. Reading it ends the file locks of this process: only while nobody holds one.
-  [[nodiscard]] std::string bytes() const;
+  [[nodiscard]] std::string bytes() const { return files.read("database.sqlite"); }
 
-  const std::filesystem::path folder;
-  const std::string path;
+  const TemporaryFolder files;
+  const std::filesystem::path folder = files.path;
+  const std::string path = folder / "database.sqlite";
 };
 
 // A connection that has the file locked against everybody else until `release` or its end.

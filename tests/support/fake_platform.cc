@@ -1,7 +1,6 @@
 #include "tests/support/fake_platform.h"
 
 #include <algorithm>
-#include <sstream>
 
 namespace brevant::test {
 namespace {
@@ -14,62 +13,11 @@ std::string withoutRepeatedSlashes(const std::string& path) {
   return result;
 }
 
-std::string asText(std::span<const std::uint8_t> bytes) {
-  return {bytes.begin(), bytes.end()};
-}
-
 template <typename Map>
 typename Map::mapped_type find(const Map& map, const std::string& key) {
   const auto found = map.find(key);
   return found == map.end() ? typename Map::mapped_type{} : found->second;
 }
-
-class LineEncoder : public KeyedEncoder {
- public:
-  void encode(std::string_view key, std::string_view value) override {
-    line(key, 't') << value << '\n';
-  }
-  void encode(std::string_view key, std::uint64_t number) override {
-    line(key, 'u') << number << '\n';
-  }
-  void encode(std::string_view key, ReferenceDate date) override {
-    line(key, 'd') << std::hexfloat << secondsSince2001(date) << '\n';
-  }
-
-  std::ostringstream text;
-
- private:
-  std::ostream& line(std::string_view key, char kind) { return text << key << '=' << kind; }
-};
-
-class LineDecoder : public KeyedDecoder {
- public:
-  explicit LineDecoder(std::string_view coded) {
-    std::istringstream in{std::string(coded)};
-    for (std::string line; std::getline(in, line);) {
-      const std::size_t at = line.find('=');
-      if (at != std::string::npos) values_[line.substr(0, at)] = line.substr(at + 1);
-    }
-  }
-  Decoded<std::string> text(std::string_view key) const override {
-    const std::string value = find(values_, std::string(key));
-    if (!value.starts_with('t')) return DecodingError{std::string(key)};
-    return value.substr(1);
-  }
-  Decoded<std::uint64_t> unsignedInteger(std::string_view key) const override {
-    const std::string value = find(values_, std::string(key));
-    if (!value.starts_with('u')) return DecodingError{std::string(key)};
-    return std::uint64_t{std::stoull(value.substr(1))};
-  }
-  Decoded<ReferenceDate> date(std::string_view key) const override {
-    const std::string value = find(values_, std::string(key));
-    if (!value.starts_with('d')) return DecodingError{std::string(key)};
-    return ReferenceDate(Seconds(std::strtod(value.c_str() + 1, nullptr)));
-  }
-
- private:
-  std::map<std::string, std::string> values_;
-};
 
 }  // namespace
 
@@ -163,48 +111,14 @@ std::string FakeBundle::localizedString(const std::string& key) const {
   return found == texts.end() ? key : found->second;
 }
 
-std::string FakeBundle::localizedPlural(const std::string& key, long) const {
-  return localizedString(key);
-}
-
-ImageRef FakeImageCodec::decodePng(std::span<const std::uint8_t> bytes, double) const {
-  return find(byContents, asText(bytes));
-}
-
 ImageRef FakeImageCodec::imageWithContentsOfFile(const std::string& path) const {
   return find(byPath, withoutRepeatedSlashes(path));
 }
 
-std::optional<std::vector<std::uint8_t>> FakeImageCodec::encodePng(const Image& image) const {
-  return image.pixels;
-}
-
 std::optional<ImageRef> FakeImageCodec::unarchiveImage(
     std::span<const std::uint8_t> archive) const {
-  const auto found = byContents.find(asText(archive));
+  const auto found = byContents.find({archive.begin(), archive.end()});
   return found == byContents.end() ? std::nullopt : std::optional(found->second);
-}
-
-std::string FakeCaseMapping::lowercased(std::string_view utf8) const {
-  std::string result(utf8);
-  for (char& c : result) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return result;
-}
-
-std::optional<std::string> FakeCoder::encode(
-    const std::function<void(KeyedEncoder&)>& write) const {
-  LineEncoder encoder;
-  write(encoder);
-  return encoder.text.str();
-}
-
-std::optional<DecodingError> FakeCoder::decode(
-    std::string_view coded, const std::function<void(const KeyedDecoder&)>& read) const {
-  if (coded.find('=') == std::string_view::npos) return DecodingError{"no keyed container"};
-  read(LineDecoder(coded));
-  return std::nullopt;
 }
 
 void FakeRandom::fill(std::span<std::uint8_t> bytes) {

@@ -1,5 +1,5 @@
-// Fakes of every platform service, in memory and under the test's control. They keep the same
-// promises as the real services and pass the same contract tests.
+// Fakes of every platform service that has an outside, in memory and under the test's control. They
+// keep the same promises as the real services and pass the same contract tests.
 #pragma once
 
 #include <map>
@@ -15,6 +15,8 @@
 #include "platform/coder.h"
 #include "platform/file_manager.h"
 #include "platform/image_codec.h"
+#include "platform/linux/case_mapping.h"
+#include "platform/linux/json_coder.h"
 #include "platform/live_activities.h"
 #include "platform/log.h"
 #include "platform/notifications.h"
@@ -29,11 +31,12 @@ namespace brevant::test {
 
 struct FakeClock : Clock {
   Date now() const override { return std::exchange(time, time + tick); }
-  double monotonicSeconds() const override { return monotonic; }
+  double monotonicSeconds() const override { return monotonic += monotonicTick; }
 
   mutable Date time = dateFromSeconds(1'700'000'000);  // 2023-11-14 22:13:20 UTC
   Seconds tick{0};                                     // passes with each reading
-  double monotonic = 0;
+  mutable double monotonic = 0;
+  double monotonicTick = 0;  // passes with each look at it
 };
 
 // A zone of one fixed offset, without daylight saving.
@@ -76,32 +79,39 @@ struct FakeSettings : SharedSettings {
 struct FakeBundle : Bundle {
   ImageRef imageNamed(const std::string& name) const override;
   std::string localizedString(const std::string& key) const override;
-  std::string localizedPlural(const std::string& key, long number) const override;
+  std::string localizedPlural(const std::string& key, long) const override {
+    return localizedString(key);
+  }
 
   std::map<std::string, ImageRef> images;
   std::map<std::string, std::string> texts;
 };
 
-// Answers what the test put under the bytes or the path.
+// Answers what the test put under the archive's bytes or the path.
 struct FakeImageCodec : ImageCodec {
-  ImageRef decodePng(std::span<const std::uint8_t> bytes, double scale) const override;
+  ImageRef decodePng(std::span<const std::uint8_t>, double) const override { return nullptr; }
   ImageRef imageWithContentsOfFile(const std::string& path) const override;
-  std::optional<std::vector<std::uint8_t>> encodePng(const Image& image) const override;
+  std::optional<std::vector<std::uint8_t>> encodePng(const Image& image) const override {
+    return image.pixels;
+  }
   std::optional<ImageRef> unarchiveImage(std::span<const std::uint8_t> archive) const override;
 
-  std::map<std::string, ImageRef> byContents;
+  std::map<std::string, ImageRef> byContents;  // null: an archive of something else
   std::map<std::string, ImageRef> byPath;
 };
 
-struct FakeCaseMapping : CaseMapping {
-  std::string lowercased(std::string_view utf8) const override;  // ASCII only
-};
-
-// Codes as lines of "key=value" rather than JSON; the real coder has tests of its own.
+// The real one: it is pure, so that there is nothing to control.
 struct FakeCoder : Coder {
-  std::optional<std::string> encode(const std::function<void(KeyedEncoder&)>& write) const override;
+  std::optional<std::string> encode(
+      const std::function<void(KeyedEncoder&)>& write) const override {
+    return json->encode(write);
+  }
   std::optional<DecodingError> decode(
-      std::string_view coded, const std::function<void(const KeyedDecoder&)>& read) const override;
+      std::string_view coded, const std::function<void(const KeyedDecoder&)>& read) const override {
+    return json->decode(coded, read);
+  }
+
+  const std::unique_ptr<Coder> json = makeJsonCoder();
 };
 
 struct FakeProcessInfo : ProcessInfo {
@@ -175,7 +185,8 @@ struct FakePlatform {
   FakeSettings settings;
   FakeBundle bundle;
   FakeImageCodec images;
-  FakeCaseMapping caseMapping;
+  const std::unique_ptr<CaseMapping> allCases = makeCaseMapping();
+  const CaseMapping& caseMapping = *allCases;
   FakeCoder coder;
   FakeProcessInfo process;
   FakeRandom random;

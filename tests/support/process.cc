@@ -27,17 +27,6 @@ std::vector<std::string> assignments(Process::Environment environment) {
   return result;
 }
 
-// An unnamed file with the contents, at its beginning: no pipe that could fill up.
-int fileWith(const std::string& contents) {
-  std::FILE* const file = std::tmpfile();
-  std::fwrite(contents.data(), 1, contents.size(), file);
-  std::fflush(file);
-  const int descriptor = dup(fileno(file));
-  std::fclose(file);
-  lseek(descriptor, 0, SEEK_SET);
-  return descriptor;
-}
-
 bool readMore(int descriptor, std::string& text) {
   std::array<char, 4096> block{};
   const ssize_t count = read(descriptor, block.data(), block.size());
@@ -52,13 +41,15 @@ Process::Process(const std::vector<std::string>& words, const Environment& envir
   std::array<int, 2> out{};
   std::array<int, 2> err{};
   if (pipe(out.data()) != 0 || pipe(err.data()) != 0) std::abort();
-  const int in = fileWith(input);
+  std::FILE* const in = std::tmpfile();  // no pipe that could fill up
+  std::fwrite(input.data(), 1, input.size(), in);
+  std::rewind(in);
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_adddup2(&actions, in, STDIN_FILENO);
+  posix_spawn_file_actions_adddup2(&actions, fileno(in), STDIN_FILENO);
   posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
   posix_spawn_file_actions_adddup2(&actions, err[1], STDERR_FILENO);
-  for (const int descriptor : {in, out[0], out[1], err[0], err[1]}) {
+  for (const int descriptor : {fileno(in), out[0], out[1], err[0], err[1]}) {
     posix_spawn_file_actions_addclose(&actions, descriptor);
   }
   std::vector<std::string> arguments = words;
@@ -68,7 +59,8 @@ Process::Process(const std::vector<std::string>& words, const Environment& envir
     ADD_FAILURE() << "cannot run " << words.front();
   }
   posix_spawn_file_actions_destroy(&actions);
-  for (const int descriptor : {in, out[1], err[1]}) close(descriptor);
+  std::fclose(in);
+  for (const int descriptor : {out[1], err[1]}) close(descriptor);
   out_ = out[0];
   err_ = err[0];
 }

@@ -8,14 +8,16 @@ namespace brevant::test {
 struct Replacement {
   const Calendar* calendar = nullptr;
   FileManager* files = nullptr;
+  SharedSettings* settings = nullptr;
   UserNotificationCenter* notifications = nullptr;
+  Log* log = nullptr;
 };
 
 inline Platform replaced(const Platform& p, const Replacement& by) {
   return {p.clock,
           by.calendar ? *by.calendar : p.calendar,
           by.files ? *by.files : p.files,
-          p.settings,
+          by.settings ? *by.settings : p.settings,
           p.bundle,
           p.images,
           p.caseMapping,
@@ -26,7 +28,7 @@ inline Platform replaced(const Platform& p, const Replacement& by) {
           by.notifications ? *by.notifications : p.notifications,
           p.liveActivities,
           p.tasks,
-          p.log};
+          by.log ? *by.log : p.log};
 }
 
 }  // namespace brevant::test
