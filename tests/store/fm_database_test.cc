@@ -53,10 +53,7 @@ TEST_F(FMDatabaseTest, StoresEachKindOfArgumentInItsOwnForm) {
   const char* const noText = nullptr;
   const std::optional<std::string> noName;
   const std::string name("\xC3\xA4\0b", 4);
-  const struct {
-    Argument argument;
-    std::string stored;
-  } kCases[] = {
+  const std::pair<Argument, std::string> kCases[] = {
       {std::nullopt, "null NULL"},
       {noText, "null NULL"},
       {noName, "null NULL"},
@@ -65,14 +62,11 @@ TEST_F(FMDatabaseTest, StoresEachKindOfArgumentInItsOwnForm) {
       {Argument::Blob(bytes), "blob X'0100FF'"},
       {Argument::Blob(noBytes), "blob X''"},
       {static_cast<signed char>(-1), "integer -1"},
-      {static_cast<unsigned char>(255), "integer 255"},
-      {static_cast<short>(-32768), "integer -32768"},
       {static_cast<unsigned short>(65535), "integer 65535"},
       {-1, "integer -1"},
       {4294967295U, "integer 4294967295"},
       {INT64_MIN, "integer -9223372036854775808"},
       {UINT64_MAX, "integer -1"},
-      {9223372036854775808ULL, "integer -9223372036854775808"},
       {true, "integer 1"},
       {0.1F, "real 0.10000000149011612"},
       {0.1, "real 0.10000000000000001"},
@@ -89,15 +83,6 @@ TEST_F(FMDatabaseTest, StoresEachKindOfArgumentInItsOwnForm) {
                   std::span(&argument, 1)),
               stored);
   }
-}
-
-TEST_F(FMDatabaseTest, BindsAnAbsentArgumentAmongOthersInItsPlace) {
-  const std::optional<std::string> absent;
-  const auto row = db.executeQuery("SELECT ? AS a, ? AS b, ? AS c", 1, absent, "three");
-  ASSERT_TRUE(row && row->next());
-  EXPECT_EQ(row->intForColumn("a"), 1);
-  EXPECT_EQ(row->stringForColumn("b"), std::nullopt);
-  EXPECT_EQ(row->stringForColumn("c"), "three");
 }
 
 TEST_F(FMDatabaseTest, RunsNothingWithTheWrongNumberOfArguments) {
@@ -181,15 +166,13 @@ TEST_F(FMDatabaseTest, WaitsForALockedFileUpToTwoSeconds) {
   EXPECT_FALSE(db.executeUpdate("INSERT INTO logs (guid) VALUES ('never')"));
   EXPECT_EQ(looks, 9);  // at the start and until two seconds have passed
   EXPECT_EQ(db.lastErrorCode(), SQLITE_BUSY);
-}
 
-TEST_F(FMDatabaseTest, GivesUpAtOnceWithoutAnIntervalToRetryIn) {
+  looks = 0;
   db.close();
   db.maxBusyRetryTimeInterval = 0;
   db.open();
-  const FileLock lock(file);
   EXPECT_FALSE(db.beginTransaction());
-  EXPECT_EQ(clock.passed, 1000);
+  EXPECT_EQ(looks, 0);
 }
 
 TEST_F(FMDatabaseTest, LocksTheFileFromTheBeginOfATransactionToItsEnd) {
@@ -220,10 +203,7 @@ TEST_F(FMDatabaseTest, ClosesWithOpenCursorsAndLeakedStatements) {
   EXPECT_EQ(one("SELECT 4 AS x"), "4");
 }
 
-TEST_F(FMDatabaseTest, OpensMemoryWithoutAPathAndReportsWhatItCannotOpen) {
-  FMDatabase memory(std::nullopt, clock, random, log);
-  EXPECT_TRUE(memory.open());
-  EXPECT_TRUE(memory.executeUpdate("CREATE TABLE t (x)"));
+TEST_F(FMDatabaseTest, ReportsWhatItCannotOpen) {
   FMDatabase nowhere((file.folder / "missing" / "x.sqlite").string(), clock, random, log);
   EXPECT_FALSE(nowhere.open());
   EXPECT_EQ(nowhere.sqliteHandle(), nullptr);

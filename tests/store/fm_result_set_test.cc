@@ -28,12 +28,8 @@ class FMResultSetTest : public testing::Test {
 };
 
 TEST_F(FMResultSetTest, ReadsEveryTypeAsSQLiteConvertsIt) {
-  const struct {
-    const char* value;
-    std::optional<std::string> text;
-    std::int32_t number;
-    std::optional<double> date;
-  } kCases[] = {
+  using Text = std::optional<std::string>;
+  const std::tuple<const char*, Text, std::int32_t, std::optional<double>> kCases[] = {
       {"NULL", std::nullopt, 0, std::nullopt},
       {"0.0", "0.0", 0, 0.0},
       {"1700000000.25", "1700000000.25", 1700000000, 1700000000.25},

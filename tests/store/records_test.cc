@@ -37,28 +37,12 @@ class Row {
   std::unique_ptr<FMResultSet> cursor_;
 };
 
-TEST(WidgetTypeTest, IsReadFromARow) {
-  Row row(
-      "SELECT 'g' AS guid, 'Sleep' AS name, 16711680 AS color, 'cat_1' AS image_guid, "
-      "7 AS order_num, 1 AS sync_status, 'p' AS parent_guid, 0 AS is_group, 0 AS is_archived");
-  const auto type = WidgetType::typeFromResultSet(*row);
-  EXPECT_EQ(dynamic_cast<WidgetGroup*>(type.get()), nullptr);
-  EXPECT_EQ(type->guid, "g");
-  EXPECT_EQ(type->name, "Sleep");
-  EXPECT_EQ(type->imageGuid, "cat_1");
-  EXPECT_EQ(type->parentGuid, "p");
-  EXPECT_EQ(type->color, 0xFF0000U);
-  EXPECT_EQ(type->order, 7U);
-}
-
 TEST(WidgetTypeTest, TakesWhateverTheColumnsHold) {
-  const struct {
-    const char* isGroup;
-    bool expected;
-  } kCases[] = {{"1", true}, {"-3", true}, {"NULL", false}, {"0", false}, {"'yes'", false}};
+  const std::pair<const char*, bool> kCases[] = {
+      {"1", true}, {"-3", true}, {"NULL", false}, {"0", false}, {"'yes'", false}};
   for (const auto& [isGroup, expected] : kCases) {
     Row row(std::string("SELECT NULL AS guid, x'00' AS name, -1 AS color, 3.9 AS image_guid, "
-                        "'12x' AS order_num, NULL AS parent_guid, ") +
+                        "'12x' AS order_num, 'p' AS parent_guid, ") +
             isGroup + " AS is_group");
     const auto type = WidgetType::typeFromResultSet(*row);
     const auto* const group = dynamic_cast<WidgetGroup*>(type.get());
@@ -67,7 +51,7 @@ TEST(WidgetTypeTest, TakesWhateverTheColumnsHold) {
     EXPECT_EQ(type->guid, std::nullopt);
     EXPECT_EQ(type->name, "");
     EXPECT_EQ(type->imageGuid, "3.9");
-    EXPECT_EQ(type->parentGuid, std::nullopt);
+    EXPECT_EQ(type->parentGuid, "p");
     EXPECT_EQ(type->color, UINT64_MAX);  // the 32-bit number, widened
     EXPECT_EQ(type->order, 12U);
   }
@@ -78,27 +62,22 @@ TEST(WidgetTypeTest, ComparesWhatIsShown) {
   sample.guid = "g";
   sample.name = "n";
   sample.imageGuid = "i";
-  const struct {
-    const char* change;
-    std::function<void(WidgetType&)> apply;
-    bool equal;
-  } kCases[] = {
-      {"none", [](WidgetType&) {}, true},
-      {"empty parent", [](WidgetType& t) { t.parentGuid = ""; }, true},
-      {"not compared", [](WidgetType& t) { t.nestingLevel = 1, t.revision = 2, t.updatedOn = 3; },
-       true},
-      {"guid", [](WidgetType& t) { t.guid = "G"; }, false},
-      {"name", [](WidgetType& t) { t.name = "N"; }, false},
-      {"image", [](WidgetType& t) { t.imageGuid = std::nullopt; }, false},
-      {"parent", [](WidgetType& t) { t.parentGuid = "p"; }, false},
-      {"color", [](WidgetType& t) { t.color = 1; }, false},
-      {"order", [](WidgetType& t) { t.order = 1; }, false},
-  };
-  for (const auto& [change, apply, equal] : kCases) {
-    WidgetType other = sample;
-    apply(other);
-    EXPECT_EQ(sample.isEqual(other), equal) << change;
-    EXPECT_EQ(other.isEqual(sample), equal) << change;
+  WidgetType same = sample;
+  same.parentGuid = "";
+  same.nestingLevel = 1;
+  same.revision = same.updatedOn = 2;
+  EXPECT_TRUE(sample.isEqual(same));
+  EXPECT_TRUE(same.isEqual(sample));
+  std::vector<WidgetType> changed(6, sample);
+  changed[0].guid = "G";
+  changed[1].name = "N";
+  changed[2].imageGuid = std::nullopt;
+  changed[3].parentGuid = "p";
+  changed[4].color = 1;
+  changed[5].order = 1;
+  for (const WidgetType& other : changed) {
+    EXPECT_FALSE(sample.isEqual(other)) << &other - changed.data();
+    EXPECT_FALSE(other.isEqual(sample)) << &other - changed.data();
   }
   WidgetGroup group;
   static_cast<WidgetType&>(group) = sample;
@@ -159,10 +138,7 @@ TEST(WidgetIntervalTest, IsReadInTheConfiguredPrecision) {
 
 TEST(WidgetIntervalTest, LastsWholeSecondsAndNeverLessThanNone) {
   constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  const struct {
-    std::optional<Date> from, to;
-    std::uint64_t duration;
-  } kCases[] = {
+  const std::tuple<std::optional<Date>, std::optional<Date>, std::uint64_t> kCases[] = {
       {at(10), at(19.9), 9},
       {at(20), at(10), 0},
       {at(10), std::nullopt, 0},
@@ -189,16 +165,13 @@ TEST(WidgetActivityTest, ComparesTheStartOnlyWhileRunning) {
   sample.state = kStatePaused;
   sample.start = at(5);
   sample.intervals = IntervalList{interval};
-  const auto changedInterval = [&](auto field, const auto& value) {
+  const auto intervalWith = [&](auto field, const auto& value) {
     auto changed = std::make_shared<WidgetInterval>(*interval);
     (*changed).*field = value;
-    return IntervalList{changed};
+    return [changed](WidgetActivity& a) { a.intervals = IntervalList{changed}; };
   };
-  const struct {
-    const char* change;
-    std::function<void(WidgetActivity&)> apply;
-    bool equalPaused, equalRunning;
-  } kCases[] = {
+  using Change = std::function<void(WidgetActivity&)>;
+  const std::tuple<const char*, Change, bool, bool> kCases[] = {
       {"none", [](WidgetActivity&) {}, true, true},
       {"comment", [](WidgetActivity& a) { a.comment = "x"; }, true, true},
       {"start", [](WidgetActivity& a) { a.start = at(6); }, true, false},
@@ -206,15 +179,9 @@ TEST(WidgetActivityTest, ComparesTheStartOnlyWhileRunning) {
       {"state", [](WidgetActivity& a) { a.state = kStateStopped; }, false, false},
       {"guid", [](WidgetActivity& a) { a.guid.reset(); }, false, false},
       {"category", [](WidgetActivity& a) { a.categoryGuid = "x"; }, false, false},
-      {"equal interval",
-       [&](WidgetActivity& a) { a.intervals = changedInterval(&WidgetInterval::updatedOn, 9U); },
-       true, true},
-      {"interval's end",
-       [&](WidgetActivity& a) { a.intervals = changedInterval(&WidgetInterval::to, at(3)); }, false,
-       false},
-      {"interval's start",
-       [&](WidgetActivity& a) { a.intervals = changedInterval(&WidgetInterval::from, at(0)); },
-       false, false},
+      {"equal interval", intervalWith(&WidgetInterval::updatedOn, 9U), true, true},
+      {"interval's end", intervalWith(&WidgetInterval::to, at(3)), false, false},
+      {"interval's start", intervalWith(&WidgetInterval::from, at(0)), false, false},
       {"fewer intervals", [](WidgetActivity& a) { a.intervals->clear(); }, false, false},
   };
   for (const auto& [change, apply, equalPaused, equalRunning] : kCases) {

@@ -10,16 +10,17 @@
 #include "store/widget_dao.h"
 #include "tests/support/database.h"
 #include "tests/support/processes.h"
+#include "tests/support/replaced_services.h"
 
 namespace brevant {
 namespace {
 
 using test::End;
-using test::FakeClock;
 using test::FakeLog;
 using test::FakePlatform;
 using test::FakeSettings;
 using test::FileLock;
+using test::replaced;
 using test::runKilledAt;
 using test::TestDatabase;
 using testing::Contains;
@@ -36,13 +37,6 @@ struct FileSettings : FakeSettings {
   std::filesystem::path flag;
 };
 
-// Every look at the time is half a second later.
-struct PassingClock : FakeClock {
-  double monotonicSeconds() const override { return passed += 0.5; }
-
-  mutable double passed = 0;
-};
-
 // Does something when the first line comes.
 struct ReactingLog : FakeLog {
   void write(std::string_view line) override {
@@ -56,18 +50,14 @@ struct ReactingLog : FakeLog {
 class WriteFaultsTest : public testing::Test {
  protected:
   WriteFaultsTest() {
+    fakes.clock.monotonicTick = 0.5;
     settings.flag = file.folder / "flag";
     file.run(
         "INSERT INTO logs (guid, start_date, state, category_guid) VALUES ('a', 50, 1, 'c');"
         "INSERT INTO time_intervals (guid, start, finish, log_guid) VALUES ('i', 1, 2, 'a')");
   }
 
-  Platform platform() {
-    const Platform p = fakes.platform();
-    return {clock,    p.calendar,      p.files,          settings,  p.bundle,
-            p.images, p.caseMapping,   p.coder,          p.process, p.random,
-            p.cloud,  p.notifications, p.liveActivities, p.tasks,   log};
-  }
+  Platform platform() { return replaced(fakes.platform(), {.settings = &settings, .log = &log}); }
 
   // Pauses the activity: one row changed, one rewritten, one new.
   void pause() {
@@ -92,7 +82,6 @@ class WriteFaultsTest : public testing::Test {
 
   FakePlatform fakes;
   TestDatabase file{fakes};
-  PassingClock clock;
   FileSettings settings;
   ReactingLog log;
   std::shared_ptr<WidgetInterval> created = std::make_shared<WidgetInterval>();
