@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <span>
 
 #include "manager/widget_manager.h"
 #include "tests/support/fake_platform.h"
@@ -39,11 +40,7 @@ TEST_F(Icons, ComeFromTheExtensionOrTheUsersFolderByTheLengthOfTheirName) {
   addCustom(letters15 + "op.png", imageOfWidth(37));
   addCustom(icons8 + "abc.png", imageOfWidth(38));
   addCustom("cat_8.png", imageOfWidth(99));
-  struct Case {
-    std::optional<std::string> guid;
-    int width;
-  };
-  const Case cases[] = {
+  const std::pair<std::optional<std::string>, int> cases[] = {
       {std::nullopt, 1},
       {"", 1},
       {"cat_7", 7},
@@ -63,8 +60,8 @@ TEST_F(Icons, ComeFromTheExtensionOrTheUsersFolderByTheLengthOfTheirName) {
     const ImageRef icon = manager.imageForGuid(guid, 0x00FF00);
     EXPECT_EQ(icon ? icon->pixelWidth : 0, width);
     if (width == 0) continue;
-    EXPECT_EQ(std::vector<int>(icon->pixels.begin(), icon->pixels.begin() + 4),
-              (std::vector<int>{0, 255, 0, 255}));
+    const std::span first(icon->pixels.data(), 4);
+    EXPECT_THAT(first, testing::ElementsAre(0, 255, 0, 255));
   }
   fakes.bundle.images.clear();
   EXPECT_EQ(manager.imageForGuid("cat_7", 0), nullptr);
@@ -97,14 +94,10 @@ TEST_F(Icons, KeepTheScaleOfTheExtensionsAndHaveScaleOneInTheUsersFolder) {
 }
 
 TEST_F(Icons, AreTakenFromTheCacheByNameAndSignedColour) {
-  struct Case {
-    const char* imageGuid;
-    std::uint64_t color;
-    const char* file;
-  };
-  const Case cases[] = {{"", 0xFF0000, "cat_1%2Epng-16711680"},
-                        {"cat_7", 0xFFFFFFFF, "cat_7%2Epng--1"},
-                        {"a/b", 0x100000001, "a%2Fb%2Epng-1"}};
+  const std::tuple<const char*, std::uint64_t, const char*> cases[] = {
+      {"", 0xFF0000, "cat_1%2Epng-16711680"},
+      {"cat_7", 0xFFFFFFFF, "cat_7%2Epng--1"},
+      {"a/b", 0x100000001, "a%2Fb%2Epng-1"}};
   for (const auto& [imageGuid, color, file] : cases) {
     fakes.files.files[std::string("/caches/org.brevant.PINDiskCache.PINDiskCacheShared/") + file] =
         file;

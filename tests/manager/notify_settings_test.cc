@@ -22,76 +22,45 @@ std::string hoursOn(const NotifySettings& settings) {
   return hours;
 }
 
+// On or off, the minutes and the type, then the hours.
+std::string meaning(const NotifySettings& settings) {
+  return (settings.enabled ? "on " : "off ") + std::to_string(settings.minutes) + " " +
+         std::to_string(settings.type) + ": " + hoursOn(settings);
+}
+
 TEST(NotifySettings, ReadWhatIsStored) {
-  struct Case {
-    const char* what;
-    PropertyDictionary stored;
-    bool enabled;
-    int minutes;
-    int type;
-    const char* hours;
-  };
-  const Case cases[] = {
-      {"nothing", {}, false, 0, 0, ""},
-      {"the new form of the hours wins",
-       {{"notifyEnabled", {true}},
+  const PropertyArray oldHours{number(9), {24.0},    {std::uint64_t{1}}, {std::string("5")},
+                               {7.5},     number(0), number(25)};
+  const PropertyArray oddTable{{PropertyDictionary()},
+                               {PropertyArray(7, {std::string("yes")})},
+                               number(1),
+                               {PropertyArray(2, number(-1))},
+                               {PropertyArray(7, {PropertyArray()})}};
+  const std::pair<PropertyDictionary, const char*> cases[] = {
+      {{}, "off 0 0: "},
+      // The new form of the hours wins.
+      {{{"notifyEnabled", {true}},
         {"notifyMinutes", number(45)},
         {"remindMeType", number(2)},
         {"notifyIncludedHours", {PropertyArray{number(9)}}},
         {"notifyIncludedHoursAndDays", {PropertyArray(3, {PropertyArray(7, {true})})}}},
-       true,
-       45,
-       2,
-       "0:7 1:7 2:7 "},
-      {"old hours count from 1 and are numbers of any type",
-       {{"notifyIncludedHours",
-         {PropertyArray{number(9),
-                        {24.0},
-                        {std::uint64_t{1}},
-                        {std::string("5")},
-                        {7.5},
-                        number(0),
-                        number(25)}}}},
-       false,
-       0,
-       0,
-       "0:7 8:7 23:7 "},
-      {"converted numbers",
-       {{"notifyEnabled", number(5)},
+       "on 45 2: 0:7 1:7 2:7 "},
+      // The old hours count from 1 and are numbers of any type.
+      {{{"notifyIncludedHours", {oldHours}}}, "off 0 0: 0:7 8:7 23:7 "},
+      {{{"notifyEnabled", number(5)},
         {"notifyMinutes", {std::string("15")}},
         {"remindMeType", number((std::int64_t{1} << 32U) + 1)}},
-       true,
-       15,
-       1,
-       ""},
-      {"other shapes",
-       {{"notifyEnabled", {PropertyArray()}},
+       "on 15 1: "},
+      {{{"notifyEnabled", {PropertyArray()}},
         {"notifyMinutes", {PropertyDictionary()}},
         {"notifyIncludedHours", number(9)},
         {"remindMeType", {PropertyData()}}},
-       false,
-       0,
-       0,
-       ""},
-      {"other shapes in the table",
-       {{"notifyIncludedHoursAndDays",
-         {PropertyArray{{PropertyDictionary()},
-                        {PropertyArray(7, {std::string("yes")})},
-                        number(1),
-                        {PropertyArray(2, number(-1))},
-                        {PropertyArray(7, {PropertyArray()})}}}}},
-       false,
-       0,
-       0,
-       "1:7 3:2 "},
+       "off 0 0: "},
+      {{{"notifyIncludedHoursAndDays", {oddTable}}}, "off 0 0: 1:7 3:2 "},
   };
-  for (const Case& each : cases) {
-    SCOPED_TRACE(each.what);
-    const NotifySettings settings(&each.stored);
-    EXPECT_EQ(settings.enabled, each.enabled);
-    EXPECT_EQ(settings.minutes, each.minutes);
-    EXPECT_EQ(settings.type, each.type);
-    EXPECT_EQ(hoursOn(settings), each.hours);
+  for (const auto& [stored, expected] : cases) {
+    const NotifySettings settings(&stored);
+    EXPECT_EQ(meaning(settings), expected);
 
     const PropertyDictionary written = settings.dictionary();
     EXPECT_EQ(written.size(), 4U);
@@ -102,10 +71,8 @@ TEST(NotifySettings, ReadWhatIsStored) {
 
 TEST(NotifySettings, WithoutADictionaryAreOffWithTheHoursOfTheDay) {
   NotifySettings settings(nullptr);
-  EXPECT_FALSE(settings.enabled);
-  EXPECT_EQ(settings.minutes, 30);
-  EXPECT_EQ(hoursOn(settings),
-            "8:7 9:7 10:7 11:7 12:7 13:7 14:7 15:7 16:7 17:7 18:7 19:7 20:7 21:7 ");
+  EXPECT_EQ(meaning(settings),
+            "off 30 0: 8:7 9:7 10:7 11:7 12:7 13:7 14:7 15:7 16:7 17:7 18:7 19:7 20:7 21:7 ");
   settings.includeHours.reset();
   EXPECT_FALSE(settings.dictionary().contains("notifyIncludedHoursAndDays"));
 }

@@ -10,17 +10,15 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 const std::string kFolder = "/caches/org.brevant.PINDiskCache.PINDiskCacheShared/";
 
 TEST(PINDiskCache, EachKeyIsOneFileInTheFolder) {
-  struct Case {
-    const char* key;
-    const char* file;
-  };
-  const Case cases[] = {{"cat_1.png-16711680", "cat_1%2Epng-16711680"},
-                        {"../a:b%2E", "%2E%2E%2Fa%3Ab%252E"},
-                        {"a b\\~é", "a b\\~é"}};
+  const std::pair<const char*, const char*> cases[] = {
+      {"cat_1.png-16711680", "cat_1%2Epng-16711680"},
+      {"../a:b%2E", "%2E%2E%2Fa%3Ab%252E"},
+      {"a b\\~é", "a b\\~é"}};
   for (const auto& [key, file] : cases) {
     SCOPED_TRACE(key);
     FakePlatform fakes;
@@ -37,25 +35,17 @@ TEST(PINDiskCache, EachKeyIsOneFileInTheFolder) {
   }
 }
 
-TEST(PINDiskCache, AMissLeavesNoTrace) {
+TEST(PINDiskCache, AMissOrAnArchiveWithoutAnImageChangesNoFile) {
   FakePlatform fakes;
-  fakes.files.files[kFolder] = "archive";
-  const PINDiskCache cache(fakes.platform());
-  EXPECT_EQ(cache.objectForKey(""), nullptr);
-  EXPECT_EQ(cache.objectForKey("a"), nullptr);
-  fakes.files.caches.reset();
-  EXPECT_EQ(PINDiskCache(fakes.platform()).objectForKey("a"), nullptr);
-  EXPECT_THAT(fakes.tasks.tasks, IsEmpty());
-  EXPECT_THAT(fakes.log.lines, IsEmpty());
-  EXPECT_EQ(fakes.files.files.size(), 1U);
-}
-
-TEST(PINDiskCache, AnArchiveWithoutAnImageStays) {
-  FakePlatform fakes;
-  fakes.files.files[kFolder + "a"] = "archive of a text";
+  fakes.files.files = {{kFolder, "archive"}, {kFolder + "b", "archive of a text"}};
   fakes.images.byContents["archive of a text"] = nullptr;
-  EXPECT_EQ(PINDiskCache(fakes.platform()).objectForKey("a"), nullptr);
-  EXPECT_EQ(fakes.files.files.size(), 1U);
+  const PINDiskCache cache(fakes.platform());
+  for (const char* const key : {"", "a", "b"}) EXPECT_EQ(cache.objectForKey(key), nullptr) << key;
+  fakes.files.caches.reset();
+  EXPECT_EQ(PINDiskCache(fakes.platform()).objectForKey("b"), nullptr);
+  EXPECT_THAT(fakes.tasks.tasks, SizeIs(1));  // the text was used
+  EXPECT_THAT(fakes.log.lines, IsEmpty());
+  EXPECT_THAT(fakes.files.files, SizeIs(2));
 }
 
 TEST(PINDiskCache, WhatIsNoArchiveIsDeletedOrElseLogged) {

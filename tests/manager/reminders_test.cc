@@ -89,13 +89,8 @@ TEST(ReminderTimes, TheWalkEndsWhateverIsStored) {
   const PropertyValue always = table(kAlways);
   PropertyArray half = std::get<PropertyArray>(always.value);
   half.resize(12);
-  struct Case {
-    const char* what;
-    PropertyValue stored;
-    std::size_t count;
-  };
   const std::int64_t beyond32Bits = std::int64_t{1} << 32U;
-  const Case cases[] = {
+  const std::tuple<const char*, PropertyValue, std::size_t> cases[] = {
       {"no distance", settings(0, always), 0},
       {"backwards", settings(-30, always), 0},
       {"no distance in 32 bits", settings(beyond32Bits, always), 0},
@@ -123,11 +118,8 @@ TEST(ReminderTimes, TheWalkEndsWhateverIsStored) {
 }
 
 TEST(ReminderTimes, DependOnWhetherSomethingRuns) {
-  struct Case {
-    int type;
-    std::size_t whileRunning, whileNothingRuns;
-  };
-  const Case cases[] = {{0, 1, 1}, {1, 1, 0}, {2, 0, 1}, {3, 1, 1}, {-1, 1, 1}};
+  const std::tuple<int, std::size_t, std::size_t> cases[] = {
+      {0, 1, 1}, {1, 1, 0}, {2, 0, 1}, {3, 1, 1}, {-1, 1, 1}};
   ManagerOnDatabase nothingRuns;
   nothingRuns.database.run("INSERT INTO logs (guid, state) VALUES ('paused', 2)");
   ManagerOnDatabase running;
@@ -141,16 +133,12 @@ TEST(ReminderTimes, DependOnWhetherSomethingRuns) {
   }
 }
 
-std::vector<std::string> identifiers(const std::vector<NotificationRequest>& requests) {
-  std::vector<std::string> result;
-  result.reserve(requests.size());
-  for (const NotificationRequest& request : requests) result.push_back(request.identifier);
-  return result;
+auto identified(const auto& identifier) {
+  return testing::Field(&NotificationRequest::identifier, identifier);
 }
 
 NotificationRequest request(const std::string& identifier, const std::string& type) {
-  NotificationRequest result;
-  result.identifier = identifier;
+  NotificationRequest result{identifier, {}, {}};
   if (!type.empty()) result.content.userInfo["type"] = type;
   return result;
 }
@@ -172,9 +160,8 @@ struct Reminders : testing::Test, ManagerOnDatabase {
 TEST_F(Reminders, SchedulingReplacesThoseMarkedByTheirIdentifier) {
   manager.scheduleRemindMeNotifications();
   const std::vector<NotificationRequest>& pending = fakes.notifications.pending;
-  EXPECT_THAT(identifiers(pending),
-              ElementsAre("other", "last", testing::MatchesRegex("remind-[0-9A-F-]{36}"),
-                          testing::MatchesRegex("remind-[0-9A-F-]{36}")));
+  const auto isNew = identified(testing::MatchesRegex("remind-[0-9A-F-]{36}"));
+  EXPECT_THAT(pending, ElementsAre(identified("other"), identified("last"), isNew, isNew));
   EXPECT_NE(pending[2].identifier, pending[3].identifier);
   EXPECT_EQ(
       pending[2].content,
@@ -190,12 +177,13 @@ TEST_F(Reminders, SchedulingWithoutTimesOnlyRemovesAndWhenOffDoesNothing) {
   EXPECT_THAT(fakes.notifications.pending, SizeIs(4));
   store(settings(660, table(kAlways), 1));
   manager.scheduleRemindMeNotifications();
-  EXPECT_THAT(identifiers(fakes.notifications.pending), ElementsAre("other", "last"));
+  EXPECT_THAT(fakes.notifications.pending, ElementsAre(identified("other"), identified("last")));
 }
 
 TEST_F(Reminders, CancellingRemovesThoseMarkedByTheirType) {
   manager.cancelRemindMeNotifications();
-  EXPECT_THAT(identifiers(fakes.notifications.pending), ElementsAre("remind-old", "to-remind-me"));
+  EXPECT_THAT(fakes.notifications.pending,
+              ElementsAre(identified("remind-old"), identified("to-remind-me")));
 }
 
 TEST_F(Reminders, NameTheCategoryOfTheFirstRunningActivity) {
@@ -227,7 +215,7 @@ TEST_F(Reminders, AnAnswerMayComeAfterTheManagerIsGone) {
   }
   late.pending = {request("remind-old", "")};
   late.handlers.at(0)(late.pending);
-  EXPECT_THAT(identifiers(late.pending), SizeIs(2));
+  EXPECT_THAT(late.pending, SizeIs(2));
   late.handlers.at(1)(std::vector<NotificationRequest>(late.pending));
   EXPECT_THAT(late.pending, IsEmpty());
 }

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <gmock/gmock.h>
 #include <limits>
+#include <span>
 
 namespace brevant {
 namespace {
@@ -29,30 +30,24 @@ TEST(ColorFromInt, UnpacksInSinglePrecisionAndLeavesRedUnmasked) {
 
 TEST(Tint, IsTheCoverageInOneSolidColour) {
   const auto source = everyCoverage();
-  struct Case {
-    const char* what;
-    Color color;
-    double red, green, blue;
-  };
   const double nan = std::numeric_limits<double>::quiet_NaN();
-  const Case cases[] = {
-      {"opaque", Color::rgb(0.2, 0.4, 0.6, 1), 0.2, 0.4, 0.6},
-      {"its own alpha is ignored", Color::rgb(1, 0, 0.999, 0.1), 1, 0, 0.999},
-      {"grey", Color::gray(0.5, 0), 0.5, 0.5, 0.5},
-      {"beyond the range", Color::rgb(2.004, -1, nan, 1), 1, 0, 0},
-      {"no components", Color{}, 0, 0, 0},
+  const std::tuple<Color, double, double, double> cases[] = {
+      {Color::rgb(0.2, 0.4, 0.6, 1), 0.2, 0.4, 0.6},
+      {Color::rgb(1, 0, 0.999, 0.1), 1, 0, 0.999},  // its own alpha is ignored
+      {Color::gray(0.5, 0), 0.5, 0.5, 0.5},
+      {Color::rgb(2.004, -1, nan, 1), 1, 0, 0},  // beyond the range
+      {Color{}, 0, 0, 0},
   };
-  for (const Case& each : cases) {
-    SCOPED_TRACE(each.what);
-    const ImageRef result = extensionImageWithColor(source, each.color);
+  for (const auto& [color, red, green, blue] : cases) {
+    SCOPED_TRACE(testing::PrintToString(color.components));
+    const ImageRef result = extensionImageWithColor(source, color);
     ASSERT_EQ(result->pixels.size(), source->pixels.size());
     for (std::size_t a = 0; a < 256; ++a) {
       const auto level = [a](double component) {
         return std::lround(static_cast<double>(a) * double{static_cast<float>(component)});
       };
-      ASSERT_THAT(std::vector<long>(result->pixels.begin() + static_cast<long>(4 * a),
-                                    result->pixels.begin() + static_cast<long>(4 * a + 4)),
-                  testing::ElementsAre(level(each.red), level(each.green), level(each.blue), a));
+      ASSERT_THAT(std::span(result->pixels).subspan(4 * a, 4),
+                  testing::ElementsAre(level(red), level(green), level(blue), a));
     }
   }
 }

@@ -18,12 +18,9 @@ std::vector<std::string> guidsOf(const auto& records) {
 }
 
 TEST(WidgetManager, OpensTheDatabaseWhereTheContainersUrlSpellsIt) {
-  const TestDatabase database;
-  database.run("INSERT INTO categories (guid) VALUES ('C')");
   FakePlatform fakes;
-  fakes.files.container = database.folder;
-  const std::string spelled = "//" + database.path;
-  fakes.files.files[database.path] = "";
+  const TestDatabase database(fakes);
+  database.run("INSERT INTO categories (guid) VALUES ('C')");
   EXPECT_EQ(WidgetManager::open(fakes.platform())->findAllTypes().size(), 1U);
 
   fakes.files.container = "/a b";  // escaped in the URL, and so not found
@@ -33,56 +30,26 @@ TEST(WidgetManager, OpensTheDatabaseWhereTheContainersUrlSpellsIt) {
   EXPECT_THAT(WidgetManager::open(fakes.platform())->findActivities(), IsEmpty());
 }
 
-TEST(WidgetManager, RunningActivitiesKeepTheOrderOfAll) {
+TEST(WidgetManager, FindsCategoriesByGuidAsItIsSpelledAndByNameWhateverItsCase) {
   ManagerOnDatabase on;
-  on.database.run(R"(INSERT INTO logs (guid, state, start_date) VALUES
-    ('old', 1, 100), ('paused', 2, NULL), ('new', 1, 200), ('stopped', 0, NULL))");
-  EXPECT_THAT(guidsOf(on.manager.findActivities()), ElementsAre("new", "old", "paused"));
-  EXPECT_THAT(guidsOf(on.manager.findRunningActivities()), ElementsAre("new", "old"));
-}
-
-struct Categories : testing::Test, ManagerOnDatabase {
-  Categories() {
-    database.run(R"(INSERT INTO categories (order_num, guid, name, parent_guid, is_group) VALUES
-      (1, 'leaf',   'Deep',  'sub',    0),
-      (2, 'sub',    'Sub',   'top',    1),
-      (3, 'top',    'Work',  NULL,     1),
-      (4, 'lone',   'WORK',  NULL,     0),
-      (5, 'orphan', 'Lost',  'gone',   1),
-      (6, 'below',  'Found', 'orphan', 0),
-      (7, 'lone',   NULL,    '',       0),
-      (8, 'ring a', 'Ring',  'ring b', 1),
-      (9, 'ring b', 'Ring',  'ring a', 1))");
-  }
-};
-
-TEST_F(Categories, AreRootsWithoutAParentAndAreFoundByGuidAsItIsSpelled) {
+  on.database.run(R"(INSERT INTO categories (order_num, guid, name, parent_guid, is_group) VALUES
+    (1, 'leaf', 'Deep', 'sub', 0), (2, 'sub', 'Sub', 'top', 1), (3, 'top', 'Work', NULL, 1),
+    (4, 'lone', 'WORK', NULL, 0), (5, 'orphan', 'Lost', 'gone', 1),
+    (6, 'below', 'Found', 'orphan', 0), (7, 'lone', NULL, '', 0))");
+  const WidgetManager& manager = on.manager;
   EXPECT_THAT(guidsOf(manager.findRoot()), ElementsAre("top", "lone"));
   EXPECT_THAT(guidsOf(manager.findCategoriesOnly()), ElementsAre("leaf", "lone"));
   EXPECT_EQ(manager.findById("lone")->name, "WORK");
-  EXPECT_EQ(manager.findById("ring b")->name, "Ring");
   for (const char* const unknown : {"TOP", "to", "gone", ""}) {
     EXPECT_EQ(manager.findById(unknown), nullptr) << unknown;
   }
-}
-
-TEST_F(Categories, AreFoundByNameWhateverItsCaseAndKnowTheirDepth) {
-  struct Case {
-    const char* name;
-    const char* guid;
-    int nestingLevel;
-  };
-  const Case cases[] = {{"work", "top", 0},
-                        {"DEEP", "leaf", 2},
-                        {"lost", "orphan", 0},
-                        {"found", "below", 1},
-                        {"ring", "ring a", 0}};
+  const std::tuple<const char*, const char*, int> cases[] = {
+      {"work", "top", 0}, {"DEEP", "leaf", 2}, {"lost", "orphan", 0}, {"found", "below", 1}};
   for (const auto& [name, guid, nestingLevel] : cases) {
-    SCOPED_TRACE(name);
     const TypeRef found = manager.findByName(name);
-    ASSERT_TRUE(found);
+    ASSERT_TRUE(found) << name;
     EXPECT_EQ(found->guid, guid);
-    EXPECT_EQ(found->nestingLevel, nestingLevel);
+    EXPECT_EQ(found->nestingLevel, nestingLevel) << name;
   }
   EXPECT_EQ(manager.findByName(""), nullptr);
   EXPECT_EQ(manager.findByName("Wor"), nullptr);
