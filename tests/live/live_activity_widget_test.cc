@@ -82,17 +82,12 @@ TEST_F(LiveActivityViews, IslandHasItsRegions) {
 }
 
 TEST_F(LiveActivityViews, OnlyTheLockScreensPauseFollowsTheColorScheme) {
-  for (const auto& [scheme, pauseImage] :
-       {std::pair(ColorScheme::kLight, "Image pause_widget_light@2x.png"),
-        std::pair(ColorScheme::kDark, "Image pause_widget@2x.png")}) {
-    const LiveActivityPresentation presentation = body(scheme);
-    const std::string lockScreen = outline(presentation.lockScreen);
-    const std::string island = outline(presentation.dynamicIsland.expanded.trailing);
-    EXPECT_THAT(lockScreen, HasSubstr(pauseImage));
-    EXPECT_THAT(lockScreen, HasSubstr("Image stop_widget@2x.png"));
-    EXPECT_THAT(island, HasSubstr("Image pause_widget@2x.png"));
-    EXPECT_THAT(island, HasSubstr("Image stop_widget@2x.png"));
-  }
+  const LiveActivityPresentation light = body(ColorScheme::kLight);
+  const LiveActivityPresentation dark = body(ColorScheme::kDark);
+  std::string lockScreen = outline(light.lockScreen);
+  lockScreen.erase(lockScreen.find("_light"), 6);
+  EXPECT_EQ(outline(dark.lockScreen), lockScreen);
+  EXPECT_EQ(dark.dynamicIsland.expanded.trailing, light.dynamicIsland.expanded.trailing);
 }
 
 TEST_F(LiveActivityViews, FollowTheSystemVersion) {

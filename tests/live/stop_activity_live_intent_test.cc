@@ -14,7 +14,6 @@ const ReferenceDate kStart(Seconds(1000.5 - kReferenceDate));
 class StopActivityLive : public ::testing::Test {
  protected:
   StopActivityLive() {
-    fakes.files.container = database.folder.string();
     database.run(
         "INSERT INTO logs (guid, start_date, state, category_guid) VALUES ('A', 1699990000, 1, "
         "'C')");
@@ -27,6 +26,11 @@ class StopActivityLive : public ::testing::Test {
   void start(const std::string& guid) {
     const ContentState state{guid, "Reading", "cat_7", 255, kStart, "-"};
     static_cast<void>(fakes.liveActivities.start(*state.encoded(fakes.coder)));
+  }
+
+  void perform(const StopActivityLiveIntent& intent) {
+    intent.perform(fakes.platform());
+    fakes.tasks.waitUntilIdle();
   }
 
   // The message of each Live Activity, of those that ended in brackets.
@@ -47,11 +51,7 @@ class StopActivityLive : public ::testing::Test {
 };
 
 TEST_F(StopActivityLive, ChangesTheActivityAndTakesTheFirstOfItsLiveActivitiesDown) {
-  const struct {
-    StopActivityLiveIntent intent;
-    const char* messages;
-    const char* state;
-  } cases[] = {
+  const std::tuple<StopActivityLiveIntent, const char*, const char*> cases[] = {
       {{"A", "Stop"}, "- ? [Stop] - ", "1\n"},        // no operation, yet the end
       {{"unknown", "stop"}, "- ? [Stop] - ", "1\n"},  // nobody's
       {StopActivityLiveIntent(), "- ? [Stop] - ", "1\n"},
@@ -60,26 +60,14 @@ TEST_F(StopActivityLive, ChangesTheActivityAndTakesTheFirstOfItsLiveActivitiesDo
       {{"other", "stop"}, "[stop] ? [Stop] [pause] ", "0\n"},  // not in the database
   };
   for (const auto& [intent, expected, stateAfter] : cases) {
-    intent.perform(fakes.platform());
-    fakes.tasks.waitUntilIdle();
+    perform(intent);
     EXPECT_EQ(messages(), expected) << intent.value().activityId << intent.value().operation;
     EXPECT_EQ(state(), stateAfter);
   }
 }
 
-// Under these names systems find it; it never shows up in a list or opens the application.
-TEST(StopActivityLiveIntentTest, IsKnownByItsNameAndTitles) {
-  const StopActivityLiveIntent intent("A", "stop");
-  EXPECT_EQ(intent.value(), (IntentValue{"StopActivityLiveIntent", "A", "stop"}));
-  EXPECT_STREQ(StopActivityLiveIntent::kTitle, "Pause/Stop activity");
-  EXPECT_EQ(intent.activityId.title, "activityId");
-  EXPECT_EQ(intent.operation.title, "operation");
-  EXPECT_FALSE(StopActivityLiveIntent::kOpenAppWhenRun || StopActivityLiveIntent::kIsDiscoverable);
-}
-
 TEST_F(StopActivityLive, UpdatesNothingButTheMessage) {
-  StopActivityLiveIntent("A", "pause").perform(fakes.platform());
-  fakes.tasks.waitUntilIdle();
+  perform({"A", "pause"});
   const ContentState expected{"A", "Reading", "cat_7", 255, kStart, "pause"};
   EXPECT_EQ(fakes.liveActivities.all[2].contentState, expected.encoded(fakes.coder));
 }

@@ -11,7 +11,6 @@ namespace {
 class StopActivity : public ::testing::Test {
  protected:
   StopActivity() {
-    fakes.files.container = database.folder.string();
     database.run(R"(
       INSERT INTO logs (guid, start_date, state, category_guid) VALUES
         ('running', 1699990000, 1, 'C'), ('paused', NULL, 2, 'C'), ('stopped', NULL, 0, 'C'),
@@ -29,10 +28,7 @@ class StopActivity : public ::testing::Test {
 };
 
 TEST_F(StopActivity, ChangesExactlyTheOneItNames) {
-  const struct {
-    StopActivityIntent intent;
-    const char* states;
-  } cases[] = {
+  const std::pair<StopActivityIntent, const char*> cases[] = {
       {{"running", "Stop"}, "120111\n"},  {{"running", "resume"}, "120111\n"},
       {{"running", ""}, "120111\n"},      {{"Running", "stop"}, "120111\n"},
       {{"unknown", "stop"}, "120111\n"},  {{"", "stop"}, "120111\n"},
@@ -44,6 +40,8 @@ TEST_F(StopActivity, ChangesExactlyTheOneItNames) {
     EXPECT_EQ(statesAfter(intent), states)
         << intent.value().activityId << ' ' << intent.value().operation;
   }
+  fakes.files.container.reset();
+  EXPECT_EQ(statesAfter({"twice", "stop"}), "000111\n");  // without a database
 }
 
 TEST_F(StopActivity, TakesTheFirstOfTheSameGuid) {
@@ -51,20 +49,6 @@ TEST_F(StopActivity, TakesTheFirstOfTheSameGuid) {
   static_cast<void>(statesAfter({"twice", "pause"}));
   EXPECT_EQ(database.ask("SELECT start, finish, count(*) FROM time_intervals"),
             "1699990002.0|1700000000.0|1\n");
-}
-
-// Under these names systems find it and show it.
-TEST(StopActivityIntentTest, IsKnownByItsNameAndTitles) {
-  const StopActivityIntent intent("A", "stop");
-  EXPECT_EQ(intent.value(), (IntentValue{"StopActivityIntent", "A", "stop"}));
-  EXPECT_STREQ(StopActivityIntent::kTitle, "Stop activity");
-  EXPECT_EQ(intent.activityId.title, "activityId");
-  EXPECT_EQ(intent.operation.title, "operation");
-}
-
-TEST_F(StopActivity, WithoutADatabaseChangesNothing) {
-  fakes.files.container.reset();
-  EXPECT_EQ(statesAfter({"running", "stop"}), "120111\n");
 }
 
 }  // namespace

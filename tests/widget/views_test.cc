@@ -4,6 +4,7 @@
 #include "tests/support/view_outline.h"
 #include "widget/activities_widget_entry_view.h"
 #include "widget/medium_running_activity_view.h"
+#include "widget/running_widget.h"
 #include "widget/small_running_activity_view.h"
 
 namespace brevant {
@@ -67,11 +68,7 @@ TEST_F(WidgetViews, FollowTheSystemVersion) {
       "Link brevant:///widget?type=running&action=pause&activity=abc\n      Image pause.fill";
   constexpr const char* kStopLink =
       "Link brevant:///widget?type=running&action=stop&activity=abc\n      Image stop.fill";
-  const struct {
-    SystemVersion version;
-    const char* timer;
-    bool isInteractive;
-  } cases[] = {
+  const std::tuple<SystemVersion, const char*, bool> cases[] = {
       {{15, 4}, "timer", false}, {{16, 0}, "relative", false}, {{16, 1}, "timer", false},
       {{16, 4}, "timer", false}, {{17, 0}, "timer", true},     {{18, 2}, "timer", true},
   };
@@ -100,19 +97,33 @@ TEST_F(WidgetViews, ShowTheWholeTimeOnceThereAreEarlierStretches) {
 
 TEST_F(WidgetViews, PauseControlCanBeSwitchedOff) {
   const std::pair<PropertyValue, bool> cases[] = {
-      {{true}, true},
-      {{false}, false},
-      {{std::int64_t{0}}, false},
-      {{std::string("YES")}, true},
-      {{std::string("no")}, false},
-      {{PropertyArray{}}, false},
-  };
+      {{true}, true}, {{std::string("no")}, false}, {{PropertyArray{}}, false}};
   EXPECT_THAT(medium(), HasSubstr("pause.fill"));
   for (const auto& [stored, isShown] : cases) {
     fakes.settings.values["pauseEnabled"] = stored;
     EXPECT_EQ(medium().find("pause.fill") != std::string::npos, isShown);
     EXPECT_THAT(medium(), HasSubstr("stop.fill"));
   }
+}
+
+TEST(RunningWidget, SaysWhatTheGalleryShows) {
+  test::FakePlatform fakes;
+  const StaticConfiguration widget = RunningWidget(fakes.platform()).body();
+  EXPECT_EQ(widget.displayName, "Runnning activity");
+  EXPECT_EQ(widget.description, "Displays most recent started activity");
+  EXPECT_EQ(widget.supportedFamilies,
+            (std::vector{WidgetFamily::kSystemSmall, WidgetFamily::kSystemMedium}));
+}
+
+TEST_F(WidgetViews, FillTheFamilyOfTheWidget) {
+  const StaticConfiguration widget = RunningWidget(fakes.platform()).body();
+  const auto filled = [&](WidgetFamily family) {
+    return outline(widget.content(*model, {ColorScheme::kDark, family}));
+  };
+  const std::string frame = " .frame(maxWidth infinity maxHeight infinity alignment center)\n";
+  const auto framed = [&](std::string view) { return view.replace(view.find('\n'), 1, frame); };
+  EXPECT_EQ(filled(WidgetFamily::kSystemSmall), framed(small()));
+  EXPECT_EQ(filled(WidgetFamily::kSystemMedium), framed(medium(ColorScheme::kDark)));
 }
 
 TEST_F(WidgetViews, WithoutAnEntrySayThatNothingRuns) {
