@@ -5,16 +5,15 @@
 #include "tests/support/fake_platform.h"
 #include "tests/support/view_outline.h"
 
-namespace brevant {
+namespace brevant::test {
 namespace {
 
 const ReferenceDate kStart(Seconds(1000.5 - kReferenceDate));
 
-using test::outline;
-using ::testing::HasSubstr;
-using ::testing::Not;
+using testing::HasSubstr;
+using testing::Not;
 
-class LiveActivityViews : public ::testing::Test {
+class LiveActivityViews : public testing::Test {
  protected:
   LiveActivityViews() {
     for (const char* name :
@@ -28,7 +27,7 @@ class LiveActivityViews : public ::testing::Test {
     return LiveActivityWidget(fakes.platform()).body(state, scheme);
   }
 
-  test::FakePlatform fakes;
+  FakePlatform fakes;
   ContentState state{"abc", "Reading", "cat_1", 255, kStart, "never shown"};
 };
 
@@ -129,4 +128,4 @@ TEST_F(LiveActivityViewsDeathTest, WhatTheyCannotDrawIsFatal) {
 }
 
 }  // namespace
-}  // namespace brevant
+}  // namespace brevant::test

@@ -6,12 +6,12 @@
 #include "tests/support/database.h"
 #include "tests/support/fake_platform.h"
 
-namespace brevant {
+namespace brevant::test {
 namespace {
 
 const ReferenceDate kStart(Seconds(1000.5 - kReferenceDate));
 
-class StopActivityLive : public ::testing::Test {
+class StopActivityLive : public testing::Test {
  protected:
   StopActivityLive() {
     database.run(
@@ -46,8 +46,8 @@ class StopActivityLive : public ::testing::Test {
   }
   std::string state() const { return database.ask("SELECT state FROM logs"); }
 
-  test::FakePlatform fakes;
-  test::TestDatabase database{fakes};
+  FakePlatform fakes;
+  TestDatabase database{fakes};
 };
 
 TEST_F(StopActivityLive, ChangesTheActivityAndTakesTheFirstOfItsLiveActivitiesDown) {
@@ -83,4 +83,4 @@ TEST_F(StopActivityLive, LeavesUpdateAndEndToTwoTasksOfNoOrder) {
 }
 
 }  // namespace
-}  // namespace brevant
+}  // namespace brevant::test

@@ -6,14 +6,9 @@
 
 #include "tests/support/database.h"
 
-namespace brevant {
+namespace brevant::test {
 namespace {
 
-using test::FakeClock;
-using test::FakeLog;
-using test::FakeRandom;
-using test::FileLock;
-using test::TestDatabase;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -235,4 +230,4 @@ TEST_F(FMDatabaseTest, CachesStatementsOnlyWhenTold) {
 }
 
 }  // namespace
-}  // namespace brevant
+}  // namespace brevant::test

@@ -5,14 +5,9 @@
 #include "store/fm_database.h"
 #include "tests/support/database.h"
 
-namespace brevant {
+namespace brevant::test {
 namespace {
 
-using test::FakeClock;
-using test::FakeLog;
-using test::FakeRandom;
-using test::FileLock;
-using test::TestDatabase;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -123,4 +118,4 @@ TEST_F(FMResultSetTest, ReportsWhyThereIsNoRow) {
 }
 
 }  // namespace
-}  // namespace brevant
+}  // namespace brevant::test

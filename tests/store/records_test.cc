@@ -6,10 +6,9 @@
 #include "store/widget_type.h"
 #include "tests/support/fake_platform.h"
 
-namespace brevant {
+namespace brevant::test {
 namespace {
 
-using test::FakePlatform;
 using testing::IsEmpty;
 
 std::optional<Date> at(double seconds) {
@@ -25,8 +24,6 @@ class Row {
     EXPECT_TRUE(cursor_ && cursor_->next());
   }
   ~Row() { EXPECT_THAT(fakes.log.lines, IsEmpty()); }
-  Row(const Row&) = delete;
-  Row& operator=(const Row&) = delete;
 
   FMResultSet& operator*() { return *cursor_; }
 
@@ -214,4 +211,4 @@ TEST(WidgetActivityTest, CopiesItsListButSharesTheIntervals) {
 }
 
 }  // namespace
-}  // namespace brevant
+}  // namespace brevant::test

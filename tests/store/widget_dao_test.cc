@@ -5,11 +5,9 @@
 #include "store/fm_database.h"
 #include "tests/support/database.h"
 
-namespace brevant {
+namespace brevant::test {
 namespace {
 
-using test::FakePlatform;
-using test::TestDatabase;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::MatchesRegex;
@@ -162,4 +160,4 @@ TEST(WidgetDAOWithoutFileTest, FindsNothingStoresNothingAndCreatesNothing) {
 }
 
 }  // namespace
-}  // namespace brevant
+}  // namespace brevant::test

@@ -12,17 +12,9 @@
 #include "tests/support/processes.h"
 #include "tests/support/replaced_services.h"
 
-namespace brevant {
+namespace brevant::test {
 namespace {
 
-using test::End;
-using test::FakeLog;
-using test::FakePlatform;
-using test::FakeSettings;
-using test::FileLock;
-using test::replaced;
-using test::runKilledAt;
-using test::TestDatabase;
 using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
@@ -221,4 +213,4 @@ TEST_P(KilledWriteTest, LeavesTheDatabaseAsBeforeOrAsAfter) {
 INSTANTIATE_TEST_SUITE_P(JournalModes, KilledWriteTest, testing::Values("DELETE", "WAL"));
 
 }  // namespace
-}  // namespace brevant
+}  // namespace brevant::test

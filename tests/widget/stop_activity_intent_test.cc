@@ -5,10 +5,10 @@
 #include "tests/support/database.h"
 #include "tests/support/fake_platform.h"
 
-namespace brevant {
+namespace brevant::test {
 namespace {
 
-class StopActivity : public ::testing::Test {
+class StopActivity : public testing::Test {
  protected:
   StopActivity() {
     database.run(R"(
@@ -23,8 +23,8 @@ class StopActivity : public ::testing::Test {
     return database.ask("SELECT group_concat(state, '') FROM (SELECT state FROM logs ORDER BY id)");
   }
 
-  test::FakePlatform fakes;
-  test::TestDatabase database{fakes};
+  FakePlatform fakes;
+  TestDatabase database{fakes};
 };
 
 TEST_F(StopActivity, ChangesExactlyTheOneItNames) {
@@ -52,4 +52,4 @@ TEST_F(StopActivity, TakesTheFirstOfTheSameGuid) {
 }
 
 }  // namespace
-}  // namespace brevant
+}  // namespace brevant::test

@@ -7,20 +7,19 @@
 #include "widget/running_widget.h"
 #include "widget/small_running_activity_view.h"
 
-namespace brevant {
+namespace brevant::test {
 namespace {
 
-using test::outline;
-using ::testing::HasSubstr;
+using testing::HasSubstr;
 
-class WidgetViews : public ::testing::Test {
+class WidgetViews : public testing::Test {
  protected:
   std::string small() { return outline(SmallRunningActivityView{model}.body(fakes.platform())); }
   std::string medium(ColorScheme scheme = ColorScheme::kLight) {
     return outline(MediumRunningActivityView{scheme, model}.body(fakes.platform()));
   }
 
-  test::FakePlatform fakes;
+  FakePlatform fakes;
   std::optional<WidgetContent> model =
       WidgetContent{"abc",
                     fakes.clock.time,
@@ -107,7 +106,7 @@ TEST_F(WidgetViews, PauseControlCanBeSwitchedOff) {
 }
 
 TEST(RunningWidget, SaysWhatTheGalleryShows) {
-  test::FakePlatform fakes;
+  FakePlatform fakes;
   const StaticConfiguration widget = RunningWidget(fakes.platform()).body();
   EXPECT_EQ(widget.displayName, "Runnning activity");
   EXPECT_EQ(widget.description, "Displays most recent started activity");
@@ -137,4 +136,4 @@ TEST_F(WidgetViews, WithoutAnEntrySayThatNothingRuns) {
 }
 
 }  // namespace
-}  // namespace brevant
+}  // namespace brevant::test
