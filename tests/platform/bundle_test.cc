@@ -50,35 +50,32 @@ TEST_F(BundleTest, PrefersTheBestScaleThatExists) {
 TEST_F(BundleTest, SpeaksTheLanguageOfTheEnvironment) {
   folder.write("locale/en/LC_MESSAGES/brevant.mo", test::testData("en.mo"));
   folder.write("locale/de/LC_MESSAGES/brevant.mo", test::testData("de.mo"));
-  using Environment = std::map<std::string, std::string>;
-  const std::pair<Environment, const char*> cases[] = {
-      {{}, "Reminder"},
-      {{{"LC_ALL", "C"}, {"LANGUAGE", "de"}}, "Reminder"},
-      {{{"LANG", "POSIX"}}, "Reminder"},
-      {{{"LANG", "C.UTF-8"}}, "Reminder"},
-      {{{"LANG", "ja_JP.UTF-8"}}, "Reminder"},
-      {{{"LANGUAGE", "de"}}, "Erinnerung"},
-      {{{"LANG", "de_AT.ISO-8859-1"}}, "Erinnerung"},
-      {{{"LANG", "en_US.UTF-8"}, {"LC_MESSAGES", "de_DE.UTF-8"}}, "Erinnerung"},
-      {{{"LC_MESSAGES", "de_DE"}, {"LC_ALL", "en_US.UTF-8"}}, "Reminder"},
-      {{{"LANG", "en_US.UTF-8"}, {"LANGUAGE", "ja:de"}}, "Erinnerung"},
+  using Texts = std::vector<std::string>;
+  const Texts english{"Reminder", "Every minute", "Every %d minutes", "English", "no such key", ""};
+  const Texts german{"Erinnerung", "Jede Minute", "Alle %d Minuten", "English", "no such key", ""};
+  const std::pair<std::map<std::string, std::string>, Texts> cases[] = {
+      {{}, english},
+      {{{"LC_ALL", "C"}, {"LANGUAGE", "de"}}, english},
+      {{{"LANG", "POSIX"}}, english},
+      {{{"LANG", "C.UTF-8"}}, english},
+      {{{"LANG", "ja_JP.UTF-8"}}, english},
+      {{{"LANGUAGE", "de"}}, german},
+      {{{"LANG", "de_AT.ISO-8859-1"}}, german},
+      {{{"LANG", "en_US.UTF-8"}, {"LC_MESSAGES", "de_DE.UTF-8"}}, german},
+      {{{"LC_MESSAGES", "de_DE"}, {"LC_ALL", "en_US.UTF-8"}}, english},
+      {{{"LANG", "en_US.UTF-8"}, {"LANGUAGE", "ja:de"}}, german},
   };
   for (const auto& [environment, expected] : cases) {
-    EXPECT_TRUE(test::runTogether(1, [&, &variables = environment, text = expected](int) {
+    EXPECT_TRUE(test::runTogether(1, [&, &variables = environment, &texts = expected](int) {
       for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG", "LANGUAGE"}) unsetenv(name);
       for (const auto& [name, value] : variables) setenv(name.c_str(), value.c_str(), 1);
-      const bool german = text == std::string("Erinnerung");
-      if (bundle->localizedString("Remind") != text) _exit(1);
-      if (bundle->localizedString("no such key") != "no such key") _exit(2);
-      if (!bundle->localizedString("").empty()) _exit(3);
-      if (bundle->localizedString("only English") != "English") _exit(4);
-      if (bundle->localizedPlural("Every %d minutes", 1) !=
-          (german ? "Jede Minute" : "Every minute"))
-        _exit(5);
-      if (bundle->localizedPlural("Every %d minutes", -5) !=
-          (german ? "Alle %d Minuten" : "Every %d minutes"))
-        _exit(6);
-    })) << expected;
+      Texts said{bundle->localizedString("Remind")};
+      for (const long number : {1, -5})
+        said.push_back(bundle->localizedPlural("Every %d minutes", number));
+      for (const char* key : {"only English", "no such key", ""})
+        said.push_back(bundle->localizedString(key));
+      if (said != texts) _exit(1);
+    })) << testing::PrintToString(environment);
   }
 }
 

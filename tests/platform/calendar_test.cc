@@ -13,15 +13,9 @@ namespace {
 // Both calendars, in a zone of 5 1/2 hours.
 class CalendarContract : public testing::TestWithParam<bool> {
  protected:
-  CalendarContract() {
-    if (GetParam())
-      calendar = makeCalendar();
-    else
-      calendar = std::make_unique<test::FakeCalendar>(19800);
-  }
-
   const test::TimeZone zone{"Asia/Kolkata"};
-  std::unique_ptr<Calendar> calendar;
+  const std::unique_ptr<Calendar> calendar =
+      GetParam() ? makeCalendar() : std::make_unique<test::FakeCalendar>(19800);
 };
 
 TEST_P(CalendarContract, ConvertsBetweenInstantsAndComponents) {

@@ -38,9 +38,6 @@ TEST_F(CloudDatabaseTest, StoresAFilePerRecord) {
   EXPECT_EQ(folder.read("iCloud.brevant/private/WidgetUpdate/A.json"),
             R"({"recordType":"WidgetUpdate","recordName":"A","fields":{"deviceGuid":""}})"
             "\n");
-  const std::filesystem::directory_iterator stored(folder.path /
-                                                   "iCloud.brevant/private/WidgetUpdate");
-  EXPECT_EQ(std::distance(stored, {}), 2);
   folder.write("iCloud.brevant/private/WidgetUpdate/C.json", "{\"recordType\":5}");
   folder.write("iCloud.brevant/private/WidgetUpdate/A.json.part", "{}");
   EXPECT_THAT(savedCloudRecords(folder.path, kContainer), ElementsAre(update("A"), update("B")));

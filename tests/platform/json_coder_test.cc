@@ -62,15 +62,7 @@ TEST_P(CoderContract, DecodesWhatItEncoded) {
 
 INSTANTIATE_TEST_SUITE_P(RealAndFake, CoderContract, testing::Bool());
 
-TEST(JsonCoderTest, WritesKeysInOrderAndDatesSince2001) {
-  const auto coded = makeJsonCoder()->encode([](KeyedEncoder& encoder) {
-    encoder.encode("b", "text");
-    encoder.encode("a", std::uint64_t{1});
-    encoder.encode("date", ReferenceDate(Seconds(0.5)));
-  });
-  EXPECT_EQ(coded, R"({"b":"text","a":1,"date":0.5})");
-}
-
+// The order of the keys and the form of dates are pinned where a content state is coded.
 TEST(JsonCoderTest, EncodesNothingThatIsNoTextOrNoNumber) {
   const auto coder = makeJsonCoder();
   EXPECT_FALSE(coder->encode([](KeyedEncoder& e) { e.encode("key", "\xFF"); }));
@@ -109,12 +101,10 @@ TEST(JsonCoderTest, TakesTypesExactly) {
 
 TEST(JsonCoderTest, RefusesWhatIsNoKeyedContainer) {
   const std::string deep(100'000, '[');
-  for (const std::string& coded :
-       {std::string(), std::string("{"), std::string("[\"key\"]"), std::string("\"key\""), deep,
-        deep + std::string(100'000, ']'), std::string("{\"key\":\"\xFF\"}"),
-        std::string("{\"key\":1e999}"), std::string("{\"key\":NaN}"),
-        std::string("{\"key\":1,\"key\":1}"), std::string("{\"key\":1} {}"),
-        std::string("{\"key\":1,}")}) {
+  for (const std::string& coded : std::vector<std::string>{
+           "", "{", "[\"key\"]", "\"key\"", deep, deep + std::string(100'000, ']'),
+           "{\"key\":\"\xFF\"}", "{\"key\":1e999}", "{\"key\":NaN}", "{\"key\":1,\"key\":1}",
+           "{\"key\":1} {}", "{\"key\":1,}"}) {
     bool wasRead = false;
     EXPECT_TRUE(makeJsonCoder()->decode(coded, [&](const auto&) { wasRead = true; }));
     EXPECT_FALSE(wasRead) << coded.substr(0, 40);
