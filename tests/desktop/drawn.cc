@@ -8,8 +8,38 @@
 
 namespace brevant {
 
+namespace {
+
+template <typename Counts>
+QRect placeOf(const QImage& image, Counts counts) {
+  QRect place;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (counts(image.pixelColor(x, y))) place |= QRect(x, y, 1, 1);
+    }
+  }
+  return place;
+}
+
+}  // namespace
+
 DrawingContext drawingContext(const char* locale) {
   return {ColorScheme::kLight, QLocale(QString::fromLatin1(locale)), [] { return kNow; }, {}, {}};
+}
+
+QByteArray text(const QByteArray& letters, const QByteArray& modifiers) {
+  return "{'view':'Text','text':'" + letters + "','modifiers':[" + modifiers + "]}";
+}
+
+QByteArray box(int width, int height, const QByteArray& color) {
+  return text(" ", "{'frame':{'width':" + QByteArray::number(width) + ",'height':" +
+                       QByteArray::number(height) + "}},{'background':{'fill':{" + color + "}}}");
+}
+
+QByteArray stack(const QByteArray& type, const QByteArrayList& children,
+                 const QByteArray& modifiers) {
+  return "{'view':'" + type + "','spacing':0,'children':[" + children.join(',') +
+         "],'modifiers':[" + modifiers + "]}";
 }
 
 QJsonObject viewTree(QByteArray text) {
@@ -37,13 +67,11 @@ QImage drawn(const QByteArray& view, QSize size, double scale) {
 }
 
 QRect inkOf(const QImage& image) {
-  QRect ink;
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      if (qAlpha(image.pixel(x, y)) > 24) ink |= QRect(x, y, 1, 1);
-    }
-  }
-  return ink;
+  return placeOf(image, [](const QColor& color) { return color.alpha() > 24; });
+}
+
+QRect inkOf(const QImage& image, const QColor& color) {
+  return placeOf(image, [&](const QColor& each) { return each == color; });
 }
 
 double coverageOf(const QImage& image) {
@@ -52,6 +80,12 @@ double coverageOf(const QImage& image) {
     for (int x = 0; x < image.width(); ++x) covered += qAlpha(image.pixel(x, y)) / 255.0;
   }
   return covered;
+}
+
+bool isShownInFull(const QWidget& view, const QString& words) {
+  for (const QWidget* part : view.findChildren<QWidget*>())
+    if (part->accessibleName() == words) return part->width() >= part->sizeHint().width();
+  return false;
 }
 
 QByteArray fourColors(int side) {

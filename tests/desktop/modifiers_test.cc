@@ -11,22 +11,10 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-// A text of one big letter, or so many of them, with modifiers.
-QByteArray text(const QByteArray& modifiers, const QByteArray& letters = "H") {
-  return "{'view':'Text','text':'" + letters + "','modifiers':[" + modifiers + "]}";
-}
-
-QByteArray square(const QByteArray& modifiers, int points = 10) {
+QByteArray square(const QByteArray& modifiers, int points = 10, int pixels = 10) {
   const QByteArray side = QByteArray::number(points);
   return "{'view':'Image','image':{'width':" + side + ",'height':" + side + ",'scale':1,'png':'" +
-         fourColors(points) + "'},'modifiers':[" + modifiers + "]}";
-}
-
-// A solid box of that size, to measure where things go.
-QByteArray box(int width, int height) {
-  return "{'view':'Text','text':' ','modifiers':[{'frame':{'width':" + QByteArray::number(width) +
-         ",'height':" + QByteArray::number(height) +
-         "}},{'background':{'fill':{'red':0,'green':0,'blue':0}}}]}";
+         fourColors(pixels) + "'},'modifiers':[" + modifiers + "]}";
 }
 
 QByteArray withModifiers(QByteArray view, const QByteArray& modifiers) {
@@ -41,11 +29,11 @@ TEST(Modifiers, FontsHaveTheSizesOfTheirStyles) {
   for (const auto& [style, size] : styles) {
     const QByteArray font = "{'font':{'style':'" + QByteArray(style) + "'}}";
     // A capital of the typeface is 0.727 of its size high.
-    EXPECT_NEAR(inkOf(drawn(text(font), {}, 3)).height() / 3.0, size * 0.727, 0.7) << style;
+    EXPECT_NEAR(inkOf(drawn(text("H", font), {}, 3)).height() / 3.0, size * 0.727, 0.7) << style;
   }
   for (const int size : {9, 17, 44, 100}) {
     const QByteArray font = "{'font':{'size':" + QByteArray::number(size) + "}}";
-    EXPECT_NEAR(inkOf(drawn(text(font))).height(), size * 0.727, 1.5) << size;
+    EXPECT_NEAR(inkOf(drawn(text("H", font))).height(), size * 0.727, 1.5) << size;
   }
 }
 
@@ -58,20 +46,18 @@ TEST(Modifiers, HeavierWeightsPutDownMoreInk) {
   };
   double before = 0;
   for (const char* modifiers : heavier) {
-    const double ink = coverageOf(drawn(text(modifiers)));
+    const double ink = coverageOf(drawn(text("H", modifiers)));
     EXPECT_GT(ink, before * 1.03) << modifiers;
     before = ink;
   }
-  EXPECT_GT(coverageOf(drawn(text("{'font':{'style':'headline'}}"))),
-            coverageOf(drawn(text("{'font':{'style':'body'}}"))));
+  EXPECT_GT(coverageOf(drawn(text("H", "{'font':{'style':'headline'}}"))),
+            coverageOf(drawn(text("H", "{'font':{'style':'body'}}"))));
 }
 
 TEST(Modifiers, TheInnermostFontCountsForEachTextInside) {
-  const QByteArray stack = "{'view':'HStack','children':[" + text("{'font':{'size':30}}") + "," +
-                           text("") +
-                           "],'modifiers':[{'font':{'size':60}},{'foregroundColor':"
-                           "{'red':1,'green':0,'blue':0}}]}";
-  const QImage image = drawn(stack);
+  const QImage image = drawn(
+      stack("HStack", {text("H", "{'font':{'size':30}},{'padding':{'trailing':8}}"), text("H")},
+            "{'font':{'size':60}},{'foregroundColor':{'red':1,'green':0,'blue':0}}"));
   const int middle = 30;  // between the two letters
   EXPECT_NEAR(inkOf(image.copy(0, 0, middle, image.height())).height(), 30 * 0.727, 1.5);
   EXPECT_NEAR(inkOf(image.copy(middle, 0, 99, image.height())).height(), 60 * 0.727, 1.5);
@@ -83,13 +69,15 @@ TEST(Modifiers, TheInnermostFontCountsForEachTextInside) {
 
 TEST(Modifiers, MonospacedDigitsKeepTheirWidth) {
   const QByteArray style = "{'font':{'size':40}},{'monospacedDigit':true}";
-  EXPECT_EQ(viewOf(text(style, "11:11"))->sizeHint(), viewOf(text(style, "00:00"))->sizeHint());
-  EXPECT_NE(viewOf(text("", "11:11"))->sizeHint(), viewOf(text("", "00:00"))->sizeHint());
+  for (const auto& [digits, others] :
+       {std::pair("11:11", "00:00"), {"Room 101", "Room 889"}, {"١١:١١", "٤٥:٦٧"}})
+    EXPECT_EQ(viewOf(text(digits, style))->sizeHint(), viewOf(text(others, style))->sizeHint());
+  EXPECT_NE(viewOf(text("11:11"))->sizeHint(), viewOf(text("00:00"))->sizeHint());
   // And so what follows them keeps its place: drawn, the last letter does not move.
   for (const int size : {12, 17, 34, 44}) {
     const QByteArray font = "{'font':{'size':" + QByteArray::number(size) + "}}";
     const auto endOf = [&](const QByteArray& digits, const QByteArray& more) {
-      return inkOf(drawn(text(font + more, digits + "H"), {400, 60}, 2)).right();
+      return inkOf(drawn(text(digits + "H", font + more), {400, 60}, 2)).right();
     };
     const QByteArray cells = ",{'monospacedDigit':true}";
     EXPECT_NEAR(endOf("11:11", cells), endOf("00:00", cells), 1) << size;
@@ -100,11 +88,11 @@ TEST(Modifiers, MonospacedDigitsKeepTheirWidth) {
 TEST(Modifiers, TextsShrinkToTheirRoomAndNoFurtherThanTheyMay) {
   for (const int size : {17, 20, 28, 44}) {
     const QByteArray font = "{'font':{'size':" + QByteArray::number(size) + "}},{'lineLimit':1}";
-    const QSize whole = viewOf(text(font, "HHHHHHHHHH"))->sizeHint();
+    const QSize whole = viewOf(text("HHHHHHHHHH", font))->sizeHint();
     const auto heightIn = [&](double share, const QByteArray& least) {
       const QSize room(qRound(whole.width() * share), whole.height());
       const QByteArray modifiers = font + ",{'minimumScaleFactor':" + least + "}";
-      return inkOf(drawn(text(modifiers, "HHHHHHHHHH"), room, 3)).height() / 3.0;
+      return inkOf(drawn(text("HHHHHHHHHH", modifiers), room, 3)).height() / 3.0;
     };
     const double full = size * 0.727;  // a capital's height
     EXPECT_NEAR(heightIn(1, "0.5"), full, 0.7) << size;
@@ -118,16 +106,16 @@ TEST(Modifiers, TextsShrinkToTheirRoomAndNoFurtherThanTheyMay) {
 TEST(Modifiers, TextsStayInTheirRoomWithEveryLineLimit) {
   const QByteArray name = "Reviewing the quarterly architecture proposals";
   const QSize room(120, 200);
-  const int line = viewOf(text("", name))->sizeHint().height();
+  const int line = viewOf(text(name))->sizeHint().height();
   const auto height = [&](const QByteArray& modifiers) {
-    return viewOf(text(modifiers, name))->heightForWidth(room.width());
+    return viewOf(text(name, modifiers))->heightForWidth(room.width());
   };
-  EXPECT_EQ(viewOf(text("{'lineLimit':1}", name))->sizeHint().height(), line);
+  EXPECT_EQ(viewOf(text(name, "{'lineLimit':1}"))->sizeHint().height(), line);
   EXPECT_NEAR(height("{'lineLimit':2}"), 2 * line, 2);
   EXPECT_GE(height(""), 3 * line);
   for (const char* modifiers :
        {"{'lineLimit':1}", "{'lineLimit':2}", "", "{'lineLimit':1},{'minimumScaleFactor':0.5}"}) {
-    const QRect ink = inkOf(drawn(text(modifiers, name), room));
+    const QRect ink = inkOf(drawn(text(name, modifiers), room));
     EXPECT_GT(ink.width(), 80) << modifiers;
     EXPECT_LT(ink.right(), room.width()) << modifiers;
   }
@@ -136,7 +124,7 @@ TEST(Modifiers, TextsStayInTheirRoomWithEveryLineLimit) {
 TEST(Modifiers, LinesStandWhereTheirAlignmentSays) {
   const auto leftOf = [](const QByteArray& alignment, const char* locale) {
     const QByteArray modifiers = "{'multilineTextAlignment':'" + alignment + "'}";
-    return inkOf(drawn(*viewOf(text(modifiers, "HHHH"), drawingContext(locale)), {200, 30})).left();
+    return inkOf(drawn(*viewOf(text("HHHH", modifiers), drawingContext(locale)), {200, 30})).left();
   };
   EXPECT_LT(leftOf("leading", "en_US"), 5);
   EXPECT_NEAR(leftOf("center", "en_US"), 78, 5);
@@ -158,11 +146,14 @@ TEST(Modifiers, FramesHaveTheirSizeAndAlignTheirContent) {
       QRect(0, 0, 10, 6));
 }
 
-TEST(Modifiers, AFrameWithAGreatestHeightIsAsHighAsItsRoomUpToThat) {
+TEST(Modifiers, AFrameWithAMaximumIsAsLargeAsItsRoomUpToThat) {
+  const QByteArray wide =
+      withModifiers(box(10, 6), "{'frame':{'maxWidth':50,'alignment':'trailing'}}");
+  const QByteArray row = stack("HStack", {wide, box(10, 6), "{'view':'Spacer'}"});
+  EXPECT_EQ(inkOf(drawn(row, {200, 6})), QRect(40, 0, 20, 6));
   const QByteArray framed =
       withModifiers(box(10, 6), "{'frame':{'maxHeight':40,'alignment':'bottom'}}");
-  const QByteArray column = "{'view':'VStack','spacing':0,'children':[" + framed + "," +
-                            box(10, 6) + ",{'view':'Spacer'}]}";
+  const QByteArray column = stack("VStack", {framed, box(10, 6), "{'view':'Spacer'}"});
   EXPECT_EQ(inkOf(drawn(column, {10, 200})), QRect(0, 34, 10, 12)) << "all that it may";
   EXPECT_EQ(inkOf(drawn(framed, {10, 30})), QRect(0, 24, 10, 6)) << "all that there is";
 }
@@ -183,14 +174,6 @@ TEST(Modifiers, ClearContainersAndPlainButtonsAddNothing) {
   }
 }
 
-TEST(Modifiers, AFrameWithAMaximumTakesNoMoreInAStack) {
-  const QByteArray row =
-      "{'view':'HStack','spacing':0,'children':[" +
-      withModifiers(box(10, 6), "{'frame':{'maxWidth':50,'alignment':'trailing'}}") + "," +
-      box(10, 6) + ",{'view':'Spacer'}]}";
-  EXPECT_EQ(inkOf(drawn(row, {200, 6})), QRect(40, 0, 20, 6));
-}
-
 TEST(Modifiers, PaddingGoesToItsEdgesAndIsMirrored) {
   const QByteArray view = withModifiers(
       box(10, 10), "{'padding':{'top':1,'leading':2,'bottom':3,'trailing':'default'}}");
@@ -201,13 +184,11 @@ TEST(Modifiers, PaddingGoesToItsEdgesAndIsMirrored) {
 
 TEST(Modifiers, BackgroundsAreFilledAndRoundAtTheirCorners) {
   const auto filled = [](int radius, double scale) {
-    const QByteArray view =
-        "{'view':'Text','text':' ','modifiers':[{'frame':{'width':40,"
-        "'height':40}},{'background':{'roundedRectangle':{'cornerRadius':" +
+    const QByteArray modifiers =
+        "{'frame':{'width':40,'height':40}},{'background':{'roundedRectangle':{'cornerRadius':" +
         QByteArray::number(radius) +
-        ",'style':'continuous'},'fill':{'red':0,'green':0.5,'blue':1,"
-        "'alpha':1}}}]}";
-    return drawn(view, {}, scale);
+        ",'style':'continuous'},'fill':{'red':0,'green':0.5,'blue':1,'alpha':1}}}";
+    return drawn(text(" ", modifiers), {}, scale);
   };
   for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
     const QImage image = filled(20, scale);
@@ -223,9 +204,8 @@ TEST(Modifiers, BackgroundsAreFilledAndRoundAtTheirCorners) {
 }
 
 TEST(Modifiers, OpacityCountsForEverythingInside) {
-  const QByteArray row = "{'view':'HStack','spacing':0,'children':[" + square("{'opacity':0.5}") +
-                         "," + box(10, 10) + "],'modifiers':[{'opacity':0.5}]}";
-  const QImage image = drawn(row);
+  const QImage image =
+      drawn(stack("HStack", {square("{'opacity':0.5}"), box(10, 10)}, "{'opacity':0.5}"));
   EXPECT_NEAR(qAlpha(image.pixel(3, 3)), 64, 2);
   EXPECT_NEAR(qAlpha(image.pixel(15, 5)), 128, 2);
   // Only what stands further out concerns a background.
@@ -247,10 +227,10 @@ TEST(Modifiers, ImagesAreSharpAtEveryScale) {
   for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
     // One pixel of the image for one of the screen, at an odd place.
     const int pixels = qRound(20 * scale);
-    const QByteArray image =
-        "{'view':'Image','image':{'width':20,'height':20,'scale':1,'png':'" + fourColors(pixels) +
-        "'},'modifiers':[{'resizable':true},{'frame':{'width':20,'height':20}},"
-        "{'padding':{'leading':1,'top':1}}]}";
+    const QByteArray image = square(
+        "{'resizable':true},{'frame':{'width':20,'height':20}},"
+        "{'padding':{'leading':1,'top':1}}",
+        20, pixels);
     const QImage result = drawn(image, {}, scale);
     int blurred = 0;
     for (const QPoint& edge : {QPoint(0, 0), QPoint(-1, 0), QPoint(0, -1), QPoint(-1, -1)}) {
