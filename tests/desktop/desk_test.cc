@@ -3,7 +3,6 @@
 #include <QAccessible>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QLabel>
 #include <QPointer>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -24,7 +23,6 @@ using namespace std::chrono_literals;
 class DeskTest : public testing::Test {
  protected:
   void SetUp() override {
-    fake_.answer(u"live list"_s, "[]");
     fake_.answer(u"status"_s, R"({"running":[{"guid":"A","name":"Reading"}],"paused":[]})");
   }
 
@@ -64,12 +62,11 @@ class DeskTest : public testing::Test {
       if (control->isVisible()) return control;
     return nullptr;
   }
-  [[nodiscard]] Control* pauseButton() { return firstControl(medium()); }
-  static bool says(const QWidget& window, const QString& text) {
-    for (const QLabel* label : window.findChildren<QLabel*>())
-      if (label->isVisible() && label->text() == text) return true;
-    return false;
+  // What a screen reader says.
+  static QString nameRead(QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
   }
+  [[nodiscard]] Control* pauseButton() { return firstControl(medium()); }
 
   FakeBrevant fake_;
   QTemporaryDir folder_;
@@ -139,9 +136,7 @@ TEST_F(DeskTest, APlaceholderIsNeitherToldNorWorked) {
   EXPECT_TRUE(fake_.calls(u"intent"_s).isEmpty());
   EXPECT_EQ(medium().spokenText(), u"no log"_s);
   QStringList headlines;
-  for (const QWidget* window : QApplication::topLevelWidgets())
-    if (const auto* menu = qobject_cast<const HostMenu*>(window))
-      headlines << menu->actions().first()->text();
+  for (const auto* menu : windowsOf<HostMenu>()) headlines << menu->actions().first()->text();
   EXPECT_EQ(headlines, QStringList({u"no log"_s, u"no log"_s}));
 }
 
@@ -200,10 +195,8 @@ TEST_F(DeskTest, NamesEveryControlAndReachesItByKeyboard) {
       EXPECT_TRUE(control->focusPolicy() & Qt::TabFocus) << qPrintable(titleOf(kind));
     }
   }
-  EXPECT_EQ(QAccessible::queryAccessibleInterface(&medium())->text(QAccessible::Name),
-            u"Reading, 1 hour 5 minutes"_s);
-  EXPECT_EQ(QAccessible::queryAccessibleInterface(&island())->text(QAccessible::Name),
-            u"Live, 1 hour 5 minutes"_s);
+  EXPECT_EQ(nameRead(&medium()), u"Reading, 1 hour 5 minutes"_s);
+  EXPECT_EQ(nameRead(&island()), u"Live, 1 hour 5 minutes"_s);
 }
 
 TEST_F(DeskTest, TheKeyboardStaysAtTheControlThroughAReload) {
@@ -227,8 +220,7 @@ TEST_F(DeskTest, TheIslandOpensAndCloses) {
   showLive({u"1"_s});
   showDesk();
   ASSERT_TRUE(waitUntil([&] { return island().isVisible(); }));
-  const auto* spoken = QAccessible::queryAccessibleInterface(island().findChild<QWidget*>(u"1"_s));
-  EXPECT_EQ(spoken->text(QAccessible::Name), u"Live, 1 hour 5 minutes"_s);
+  EXPECT_EQ(nameRead(island().findChild<QWidget*>(u"1"_s)), u"Live, 1 hour 5 minutes"_s);
   const QSize compact = island().size();
   EXPECT_FALSE(firstControl(island()));
 
@@ -245,17 +237,14 @@ TEST_F(DeskTest, TheIslandOpensAndCloses) {
   EXPECT_EQ(island().focusWidget(), firstControl(island()));
 
   showLive({u"1"_s, u"2"_s});
-  const auto pills = [&] {
-    int count = 0;
-    for (const char* id : {"1", "2"})
-      if (const auto* pill = island().findChild<QWidget*>(QString::fromLatin1(id)))
-        count += pill->isVisible() ? 1 : 0;
-    return count;
+  const auto isPillVisible = [this](const QString& id) {
+    const auto* pill = island().findChild<QWidget*>(id);
+    return pill && pill->isVisible();
   };
   letPass(200);
   EXPECT_TRUE(island().isExpanded()) << "another one does not close it";
   QTest::keyClick(&island(), Qt::Key_Escape);
-  EXPECT_TRUE(waitUntil([&] { return pills() == 2; }));
+  EXPECT_TRUE(waitUntil([&] { return isPillVisible(u"1"_s) && isPillVisible(u"2"_s); }));
   QTest::mouseClick(&island(), Qt::LeftButton, {},
                     island().findChild<QWidget*>(u"2"_s)->geometry().center());
   EXPECT_TRUE(island().isExpanded());

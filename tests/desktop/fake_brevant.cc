@@ -2,7 +2,10 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLabel>
+#include <QProcess>
 #include <QTest>
+#include <gtest/gtest.h>
 
 namespace brevant {
 
@@ -65,6 +68,19 @@ void FakeBrevant::misbehave(const QByteArray& commands) {
   writeFile(folder_.filePath(u"misbehaviour"_s), commands + '\n');
 }
 
+FakeBrevant::HostRun FakeBrevant::runHost(const QStringList& arguments) const {
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(u"BREVANT"_s, program());
+  environment.remove(u"QT_QPA_PLATFORM"_s);
+  environment.insert(u"QT_SCALE_FACTOR"_s, u"1.7"_s);  // of this desktop; no matter here
+  QProcess process;
+  process.setProcessEnvironment(environment);
+  process.start(QCoreApplication::applicationDirPath() + u"/brevant-desktop"_s, arguments);
+  EXPECT_TRUE(process.waitForFinished());
+  EXPECT_EQ(process.readAllStandardOutput(), "");
+  return {process.exitCode(), QString::fromUtf8(process.readAllStandardError())};
+}
+
 QStringList FakeBrevant::calls(const QString& command) const {
   QFile file(folder_.filePath(u"calls"_s));
   if (!file.open(QIODevice::ReadOnly)) return {};
@@ -81,6 +97,12 @@ bool waitUntil(const std::function<bool()>& holds) {
 
 void letPass(int milliseconds) {
   QTest::qWait(milliseconds);
+}
+
+bool says(const QWidget& window, const QString& text) {
+  for (const QLabel* label : window.findChildren<QLabel*>())
+    if (label->isVisible() && label->text() == text) return true;
+  return false;
 }
 
 void writeFile(const QString& path, const QByteArray& content) {

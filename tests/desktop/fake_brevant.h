@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QApplication>
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -25,6 +26,12 @@ class FakeBrevant {
   void answer(const QString& command, const QByteArray& json);
   // Shell commands that every call runs first. Empty: it behaves.
   void misbehave(const QByteArray& commands);
+  // Runs the real `brevant-desktop` with this one, without a display.
+  struct HostRun {
+    int exitCode;
+    QString error;
+  };
+  [[nodiscard]] HostRun runHost(const QStringList& arguments) const;
   // How often a command was called, with its arguments.
   [[nodiscard]] QStringList calls(const QString& command) const;
 
@@ -36,6 +43,17 @@ class FakeBrevant {
 [[nodiscard]] bool waitUntil(const std::function<bool()>& holds);
 // Runs the event loop for a while in which something must not happen.
 void letPass(int milliseconds);
+
+// Whether a label that people can see has that text.
+[[nodiscard]] bool says(const QWidget& window, const QString& text);
+// Every window of a type.
+template <typename Window>
+[[nodiscard]] QList<Window*> windowsOf() {
+  QList<Window*> found;
+  for (QWidget* each : QApplication::topLevelWidgets())
+    if (auto* window = qobject_cast<Window*>(each)) found << window;
+  return found;
+}
 
 void writeFile(const QString& path, const QByteArray& content);
 

@@ -1,8 +1,6 @@
 // The real program, drawing what a played `brevant` says.
-#include <QCoreApplication>
 #include <QFile>
 #include <QImage>
-#include <QProcess>
 #include <gtest/gtest.h>
 
 #include "tests/desktop/drawn.h"
@@ -16,26 +14,9 @@ namespace {
 
 class PictureTest : public testing::Test {
  protected:
-  struct Outcome {
-    int exitCode;
-    QString error;
-  };
-
-  Outcome run(const QStringList& arguments) {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"BREVANT"_s, brevant_.program());
-    environment.remove(u"QT_QPA_PLATFORM"_s);
-    environment.insert(u"QT_SCALE_FACTOR"_s, u"1.7"_s);  // of this desktop; no matter here
-    process.setProcessEnvironment(environment);
-    process.start(QCoreApplication::applicationDirPath() + u"/brevant-desktop"_s, arguments);
-    EXPECT_TRUE(process.waitForFinished());
-    EXPECT_EQ(process.readAllStandardOutput(), "");
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardError())};
-  }
-
-  Outcome draw(const QString& surface, const QStringList& more = {}) {
-    return run(QStringList{u"--picture"_s, surface, u"-o"_s, file(), u"--now"_s, u"1e9"_s} + more);
+  FakeBrevant::HostRun draw(const QString& surface, const QStringList& more = {}) {
+    return brevant_.runHost(
+        QStringList{u"--picture"_s, surface, u"-o"_s, file(), u"--now"_s, u"1e9"_s} + more);
   }
 
   [[nodiscard]] QString file() const { return folder_.filePath(u"picture.png"_s); }
@@ -91,15 +72,15 @@ TEST_F(PictureTest, SaysInOneLineWhyThereIsNone) {
   };
   for (const auto& [misbehaviour, exitCode, error] : cases) {
     brevant_.misbehave(misbehaviour);
-    const Outcome outcome = draw(u"lock-screen"_s);
+    const auto outcome = draw(u"lock-screen"_s);
     EXPECT_EQ(outcome.exitCode, exitCode) << misbehaviour;
     EXPECT_TRUE(outcome.error.contains(QString::fromLatin1(error))) << outcome.error.toStdString();
     EXPECT_EQ(outcome.error.count(u'\n'), 1) << outcome.error.toStdString();
     EXPECT_FALSE(QFile::exists(file()));
   }
   brevant_.misbehave("");
-  const Outcome unwritable =
-      run({u"--picture"_s, u"small"_s, u"-o"_s, folder_.filePath(u"no/such/folder.png"_s)});
+  const auto unwritable = brevant_.runHost(
+      {u"--picture"_s, u"small"_s, u"-o"_s, folder_.filePath(u"no/such/folder.png"_s)});
   EXPECT_EQ(unwritable.exitCode, 1);
   EXPECT_EQ(unwritable.error.count(u'\n'), 1);
 }
@@ -115,7 +96,7 @@ TEST_F(PictureTest, RefusesWrongUsageBeforeAnythingRuns) {
       {u"--picture"_s, u"small"_s, u"-o"_s, file(), u"more"_s},
   };
   for (const QStringList& arguments : wrong) {
-    EXPECT_EQ(run(arguments).exitCode, 2) << arguments.join(u' ').toStdString();
+    EXPECT_EQ(brevant_.runHost(arguments).exitCode, 2) << arguments.join(u' ').toStdString();
   }
   EXPECT_TRUE(brevant_.calls(u"timeline"_s).isEmpty());
 }

@@ -13,12 +13,6 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-QPalette paletteOf(const QColor& window) {
-  QPalette palette;
-  palette.setColor(QPalette::Window, window);
-  return palette;
-}
-
 // The tests have no portal; what one would send is handed over as the bus does.
 void sendSetting(SchemeWatch& watch, const QString& key, const QVariant& value) {
   const bool taken = QMetaObject::invokeMethod(
@@ -30,13 +24,13 @@ void sendSetting(SchemeWatch& watch, const QString& key, const QVariant& value) 
 TEST(SchemeWatch, FollowsThePaletteUntilThePortalKnowsBetter) {
   const auto restore =
       qScopeGuard([old = QApplication::palette()] { QApplication::setPalette(old); });
-  QApplication::setPalette(paletteOf(Qt::white));
+  QApplication::setPalette(QPalette(Qt::white, Qt::white));
   SchemeWatch watch;
   int changes = 0;
   QObject::connect(&watch, &SchemeWatch::changed, [&] { ++changes; });
   EXPECT_EQ(watch.scheme(), ColorScheme::kLight);
 
-  QApplication::setPalette(paletteOf(Qt::black));
+  QApplication::setPalette(QPalette(Qt::black, Qt::black));
   EXPECT_TRUE(waitUntil([&] { return watch.scheme() == ColorScheme::kDark; }));
   sendSetting(watch, u"color-scheme"_s, 2u);
   EXPECT_EQ(watch.scheme(), ColorScheme::kLight);
