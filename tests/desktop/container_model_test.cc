@@ -88,14 +88,6 @@ TEST(RetryPauses, DoubleUpToTheLongestAndBeginAnew) {
   EXPECT_EQ(pauses.next(), 1s);
 }
 
-TEST_F(ContainerModelTest, ShowsThePlaceholderWhereThereNeverWasAnAnswer) {
-  fake_.misbehave("[ \"$1\" = placeholder ] || exit 2");
-  make(fake_.options());
-  load();
-  EXPECT_TRUE(waitUntil([&] { return name() == u"Sleep"_s; }));
-  EXPECT_NE(model_->entryTrouble(), QString());
-}
-
 TEST_F(ContainerModelTest, RunsAnActionOnceAndReadsOnceAfterIt) {
   make(fake_.options());
   load();
@@ -114,23 +106,6 @@ TEST_F(ContainerModelTest, RunsAnActionOnceAndReadsOnceAfterIt) {
   EXPECT_EQ(fake_.calls(u"timeline"_s).size(), before + 1);
   EXPECT_TRUE(model_->run({u"stop"_s}, [](const QString&) {})) << "free again afterwards";
   EXPECT_TRUE(waitUntil([&] { return fake_.calls(u"timeline"_s).size() > before + 1; }));
-}
-
-TEST_F(ContainerModelTest, TellsWhyAnActionDidNotWork) {
-  make(fake_.options());
-  fake_.misbehave("[ \"$1\" = stop ] && { echo 'the database stayed locked' >&2; exit 1; }");
-  QString failure;
-  model_->run({u"stop"_s}, [&](const QString& why) { failure = why; });
-  EXPECT_TRUE(waitUntil([&] { return !failure.isEmpty(); }));
-  EXPECT_EQ(failure, u"the database stayed locked"_s);
-}
-
-TEST_F(ContainerModelTest, ReadsAgainWhenAnotherProgramWrites) {
-  make(fake_.options());
-  load();
-  fake_.answer(u"timeline"_s, timelineOf(u"Sport"_s));
-  writeFile(fake_.container() + u"/database.sqlite"_s, "changed");
-  EXPECT_TRUE(waitUntil([&] { return name() == u"Sport"_s; }));
 }
 
 // While one answer is awaited several wishes to read again become one.
