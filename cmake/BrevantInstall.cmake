@@ -15,6 +15,9 @@ install(EXPORT brevant-targets NAMESPACE brevant:: DESTINATION ${package_dir} CO
 configure_package_config_file(cmake/brevant-config.cmake.in brevant-config.cmake
   INSTALL_DESTINATION ${package_dir})
 write_basic_package_version_file(brevant-config-version.cmake COMPATIBILITY SameMinorVersion)
+# The pkg-config file finds the rest from where it lies, so that the prefix can be chosen late.
+file(RELATIVE_PATH pc_prefix
+  "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
 configure_file(cmake/brevant.pc.in brevant.pc @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/brevant-config.cmake"
   "${PROJECT_BINARY_DIR}/brevant-config-version.cmake"
@@ -33,6 +36,7 @@ if(BREVANT_DESKTOP)
   list(APPEND CPACK_COMPONENTS_ALL desktop)
 endif()
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 # ICU is loaded when it is needed, which no tool can see.
@@ -43,10 +47,10 @@ set(CPACK_DEBIAN_CLI_PACKAGE_NAME brevant)
 set(CPACK_DEBIAN_CLI_PACKAGE_DEPENDS "${icu_package}")
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_NAME brevant-desktop)
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS "brevant (= ${PROJECT_VERSION}), fonts-inter")
-set(CPACK_DEBIAN_DESKTOP_PACKAGE_RECOMMENDS "libqt6svg6, notification-daemon")
+set(CPACK_DEBIAN_DESKTOP_PACKAGE_RECOMMENDS notification-daemon)
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libbrevant-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libsqlite3-dev, libplist-dev, libpng-dev, ${icu_package}, nlohmann-json3-dev, libsdbus-c++-dev")
+set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libsqlite3-dev, libplist-dev, libpng-dev, ${icu_package}, nlohmann-json3-dev, libsdbus-c++-dev, libsystemd-dev")
 set(CPACK_COMPONENT_CLI_DESCRIPTION "Time tracker widgets: the command line
  See what a personal time tracker is recording, and pause, stop or start it,
  from a terminal, a status bar or a widget host.")
