@@ -1,54 +1,19 @@
 // How soon the host has drawn its first picture and what memory that takes, beside a program that
 // draws one label with the same toolkit; and how long drawing anew takes when it runs.
 #include <algorithm>
-#include <array>
 #include <benchmark/benchmark.h>
-#include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <spawn.h>
 #include <string>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
+#include "bench/programs/process_life.h"
 #include "bench/ratio_report.h"
 
+namespace brevant::bench {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Life {
-  double seconds = 0, peakMegabytes = 0;
-  bool succeeded = false;
-};
-
-Life run(std::vector<std::string> words) {
-  std::vector<char*> arguments;
-  for (std::string& word : words) arguments.push_back(word.data());
-  arguments.push_back(nullptr);
-  const auto start = std::chrono::steady_clock::now();
-  pid_t child = 0;
-  if (posix_spawn(&child, arguments[0], nullptr, nullptr, arguments.data(), environ) != 0)
-    return {};
-  int status = 0;
-  rusage usage = {};
-  wait4(child, &status, 0, &usage);
-  const std::chrono::duration<double> lived = std::chrono::steady_clock::now() - start;
-  return {lived.count(), static_cast<double>(usage.ru_maxrss) / 1024, status == 0};
-}
-
-std::string shell(const std::string& command) {
-  std::string output;
-  FILE* pipe = popen(command.c_str(), "r");
-  std::array<char, 256> part{};
-  while (pipe && std::fgets(part.data(), part.size(), pipe)) output += part.data();
-  if (pipe) pclose(pipe);
-  return output;
-}
 
 // A sample log, and two timelines of it: one activity runs, then another.
 class Sample {
@@ -81,14 +46,7 @@ const Sample& sample() {
 
 void coldStart(benchmark::State& state, std::vector<std::string> words) {
   words.push_back(sample().file("picture.png"));
-  double least = 1e9;
-  for (auto _ : state) {
-    const Life life = run(words);
-    if (!life.succeeded) state.SkipWithError("it failed");
-    state.SetIterationTime(life.seconds);
-    least = std::min(least, life.peakMegabytes);
-  }
-  state.counters["peakMB"] = least;
+  measureLives(state, words);
 }
 
 void warmRedraw(benchmark::State& state) {
@@ -124,7 +82,8 @@ BENCHMARK(warmRedraw)
     ->Unit(benchmark::kMillisecond);
 
 // With another program's answer, and the typefaces; and a redraw is nothing beside a start.
-const brevant::bench::Ratio kStart("firstPicture", "bareLabel", 2);
-const brevant::bench::Ratio kRedraw("warmRedraw", "bareLabel", 0.1);
+const Ratio kStart("firstPicture", "bareLabel", 2);
+const Ratio kRedraw("warmRedraw", "bareLabel", 0.1);
 
 }  // namespace
+}  // namespace brevant::bench
