@@ -33,15 +33,18 @@ View stopControl(const std::string& guid, SystemVersion version, ColorScheme col
                  controlLabel("stop.fill", colorScheme));
 }
 
-View categoryAndTime(const WidgetContent& model, SystemVersion version) {
+View categoryRow(const WidgetContent& model) {
+  return hstack({.spacing = 6},
+                {
+                    image(model.icon).resizable().frame({.width = 20, .height = 20}),
+                    text(model.name).font(TextStyle::kBody).lineLimit(1),
+                });
+}
+
+View timers(const WidgetContent& model, SystemVersion version) {
   constexpr SystemFont kTimerFont{44, FontWeight::kRegular, FontDesign::kDefault};
   return vstack({.alignment = HorizontalAlignment::kLeading, .spacing = 4},
                 {
-                    hstack({.spacing = 6},
-                           {
-                               image(model.icon).resizable().frame({.width = 20, .height = 20}),
-                               text(model.name).font(TextStyle::kBody).lineLimit(1),
-                           }),
                     mainTimer(model, version)
                         .font(kTimerFont)
                         .fontWeight(FontWeight::kSemibold)
@@ -61,17 +64,23 @@ View MediumRunningActivityView::body(const Platform& platform) const {
   std::optional<View> pause;
   if (isPauseEnabled(platform.settings)) pause = pauseControl(model->guid, version, colorScheme);
 
-  const View content = hstack({.spacing = 12},
-                              {
-                                  categoryAndTime(*model, version),
-                                  spacer(),
-                                  hstack({.spacing = 12},
-                                         {
-                                             pause,
-                                             stopControl(model->guid, version, colorScheme),
-                                         }),
-                              })
-                           .padding(16);
+  // A long name has the whole width.
+  const View content =
+      vstack({.alignment = HorizontalAlignment::kLeading, .spacing = 4},
+             {
+                 categoryRow(*model),
+                 hstack({.spacing = 12},
+                        {
+                            timers(*model, version),
+                            spacer(),
+                            hstack({.spacing = 12},
+                                   {
+                                       pause,
+                                       stopControl(model->guid, version, colorScheme),
+                                   }),
+                        }),
+             })
+          .padding(16);
   return onWidgetBackground(content, version);
 }
 

@@ -37,21 +37,22 @@ TEST_F(ArchivedViews, OfTheMediumWidget) {
            operation + "\"}," + label + "}";
   };
   const Json expected = Json::parse(R"(
-    {"view":"HStack","alignment":"center","spacing":12,"children":[
-      {"view":"VStack","alignment":"leading","spacing":4,"children":[
-        {"view":"HStack","alignment":"center","spacing":6,"children":[
-          {"view":"Image","image":{"width":32,"height":32,"scale":3,"png":""},"modifiers":[
-            {"resizable":true},{"frame":{"width":20,"height":20,"alignment":"center"}}]},
-          {"view":"Text","text":"Code","modifiers":[{"font":{"style":"body"}},{"lineLimit":1}]}]},
-        {"view":"Text","date":1699999000.5,"style":"timer","modifiers":[
-          {"font":{"size":44,"weight":"regular","design":"default"}},{"fontWeight":"semibold"},
-          {"monospacedDigit":true},{"lineLimit":1},{"minimumScaleFactor":0.5}]},
-        {"view":"Text","date":1699998940.5,"style":"timer","modifiers":[
-          {"font":{"style":"subheadline"}},{"monospacedDigit":true},{"lineLimit":1},
-          {"opacity":0.6}]}]},
-      {"view":"Spacer"},
-      {"view":"HStack","alignment":"center","spacing":12,"children":[)" +
-                                    button("pause") + "," + button("stop") + R"(]}],
+    {"view":"VStack","alignment":"leading","spacing":4,"children":[
+      {"view":"HStack","alignment":"center","spacing":6,"children":[
+        {"view":"Image","image":{"width":32,"height":32,"scale":3,"png":""},"modifiers":[
+          {"resizable":true},{"frame":{"width":20,"height":20,"alignment":"center"}}]},
+        {"view":"Text","text":"Code","modifiers":[{"font":{"style":"body"}},{"lineLimit":1}]}]},
+      {"view":"HStack","alignment":"center","spacing":12,"children":[
+        {"view":"VStack","alignment":"leading","spacing":4,"children":[
+          {"view":"Text","date":1699999000.5,"style":"timer","modifiers":[
+            {"font":{"size":44,"weight":"regular","design":"default"}},{"fontWeight":"semibold"},
+            {"monospacedDigit":true},{"lineLimit":1},{"minimumScaleFactor":0.5}]},
+          {"view":"Text","date":1699998940.5,"style":"timer","modifiers":[
+            {"font":{"style":"subheadline"}},{"monospacedDigit":true},{"lineLimit":1},
+            {"opacity":0.6}]}]},
+        {"view":"Spacer"},
+        {"view":"HStack","alignment":"center","spacing":12,"children":[)" +
+                                    button("pause") + "," + button("stop") + R"(]}]}],
     "modifiers":[{"padding":{"top":16,"leading":16,"bottom":16,"trailing":16}},
       {"containerBackground":{"color":"clear","placement":"widget","alignment":"center"}},
       {"frame":{"maxWidth":"infinity","maxHeight":"infinity","alignment":"center"}}]})");

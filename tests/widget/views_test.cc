@@ -45,28 +45,29 @@ TEST_F(WidgetViews, SmallShowsCategoryAndBothTimes) {
 TEST_F(WidgetViews, MediumShowsTheControlsToo) {
   EXPECT_EQ(
       medium(),
-      R"(HStack center 12 .padding(top 16 leading 16 bottom 16 trailing 16) .containerBackground(color clear placement widget alignment center)
-  VStack leading 4
-    HStack center 6
-      Image .resizable .frame(width 20 height 20 alignment center)
-      Text "Reading" .font(style body) .lineLimit(1)
-    Text 1000.5 timer .font(size 44 weight regular design default) .fontWeight(semibold) .monospacedDigit .lineLimit(1) .minimumScaleFactor(0.5)
-    Text 820.5 timer .font(style subheadline) .monospacedDigit .lineLimit(1) .opacity(0.6)
-  Spacer
+      R"(VStack leading 4 .padding(top 16 leading 16 bottom 16 trailing 16) .containerBackground(color clear placement widget alignment center)
+  HStack center 6
+    Image .resizable .frame(width 20 height 20 alignment center)
+    Text "Reading" .font(style body) .lineLimit(1)
   HStack center 12
-    Button name StopActivityIntent activityId abc operation pause .buttonStyle(plain)
-      Image pause.fill .frame(width 18 height 18 alignment center) .padding(top 4 leading 4 bottom 4 trailing 4) .background(roundedRectangle cornerRadius 20 style continuous fill red 0.95 green 0.95 blue 0.95 alpha 1)
-    Button name StopActivityIntent activityId abc operation stop .buttonStyle(plain)
-      Image stop.fill .frame(width 18 height 18 alignment center) .padding(top 4 leading 4 bottom 4 trailing 4) .background(roundedRectangle cornerRadius 20 style continuous fill red 0.95 green 0.95 blue 0.95 alpha 1)
+    VStack leading 4
+      Text 1000.5 timer .font(size 44 weight regular design default) .fontWeight(semibold) .monospacedDigit .lineLimit(1) .minimumScaleFactor(0.5)
+      Text 820.5 timer .font(style subheadline) .monospacedDigit .lineLimit(1) .opacity(0.6)
+    Spacer
+    HStack center 12
+      Button name StopActivityIntent activityId abc operation pause .buttonStyle(plain)
+        Image pause.fill .frame(width 18 height 18 alignment center) .padding(top 4 leading 4 bottom 4 trailing 4) .background(roundedRectangle cornerRadius 20 style continuous fill red 0.95 green 0.95 blue 0.95 alpha 1)
+      Button name StopActivityIntent activityId abc operation stop .buttonStyle(plain)
+        Image stop.fill .frame(width 18 height 18 alignment center) .padding(top 4 leading 4 bottom 4 trailing 4) .background(roundedRectangle cornerRadius 20 style continuous fill red 0.95 green 0.95 blue 0.95 alpha 1)
 )");
   EXPECT_THAT(medium(ColorScheme::kDark), HasSubstr("fill red 0.2 green 0.2 blue 0.2 alpha 1"));
 }
 
 TEST_F(WidgetViews, FollowTheSystemVersion) {
   constexpr const char* kPauseLink =
-      "Link brevant:///widget?type=running&action=pause&activity=abc\n      Image pause.fill";
+      "Link brevant:///widget?type=running&action=pause&activity=abc\n        Image pause.fill";
   constexpr const char* kStopLink =
-      "Link brevant:///widget?type=running&action=stop&activity=abc\n      Image stop.fill";
+      "Link brevant:///widget?type=running&action=stop&activity=abc\n        Image stop.fill";
   const std::tuple<SystemVersion, const char*, bool> cases[] = {
       {{15, 4}, "timer", false}, {{16, 0}, "relative", false}, {{16, 1}, "timer", false},
       {{16, 4}, "timer", false}, {{17, 0}, "timer", true},     {{18, 2}, "timer", true},
