@@ -9,7 +9,7 @@ build=(g++ dpkg-dev cmake ninja-build pkg-config ccache mold git
 run=(sqlite3)
 test=(libgtest-dev libgmock-dev libbenchmark-dev libsqlitecpp-dev
     clang clang-format clang-tidy libclang-rt-14-dev sqlite3
-    procps dbus dbus-x11 python3-dbusmock xvfb openbox tint2 dunst xdotool x11-utils wmctrl imagemagick
+    procps dbus xvfb openbox tint2 dunst xdotool x11-utils imagemagick
     desktop-file-utils appstream man-db bash-completion)
 
 wanted=("${build[@]}")
