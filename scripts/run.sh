@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install_packages.sh run
-cmake --preset dev
+cmake --preset dev -DBREVANT_TESTS=OFF -DBREVANT_BENCH=OFF
 cmake --build --preset dev --target brevant brevant-desktop resources
 
 brevant="$PWD/build/dev/bin/brevant"
