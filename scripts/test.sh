@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Everything that must hold before a change lands: style, layering, all tests, all tests again under
-# the address and undefined-behaviour sanitizers, a short run of every fuzz target, and the lint.
+# the address and undefined-behaviour sanitizers, a short run of every fuzz target, and the lint for
+# faults (scripts/check_tidy.sh alone lints the style too).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -26,6 +27,6 @@ step "Fuzz targets, a short run each"
 scripts/fuzz.sh
 
 step "Lint"
-scripts/check_tidy.sh build/dev
+scripts/check_tidy.sh build/dev faults
 
 step "All passed"
