@@ -20,7 +20,7 @@ file(RELATIVE_PATH pc_prefix
   "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
 configure_file(cmake/brevant.pc.in brevant.pc @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/brevant-config.cmake"
-  "${PROJECT_BINARY_DIR}/brevant-config-version.cmake"
+  "${PROJECT_BINARY_DIR}/brevant-config-version.cmake" cmake/FindUnistring.cmake
   DESTINATION ${package_dir} COMPONENT dev)
 install(FILES "${PROJECT_BINARY_DIR}/brevant.pc"
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
@@ -39,18 +39,13 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
-# ICU is loaded when it is needed, which no tool can see.
-find_package(ICU REQUIRED COMPONENTS uc)
-string(REGEX REPLACE "\\..*" "" icu_major "${ICU_VERSION}")
-set(icu_package "libicu${icu_major}")
 set(CPACK_DEBIAN_CLI_PACKAGE_NAME brevant)
-set(CPACK_DEBIAN_CLI_PACKAGE_DEPENDS "${icu_package}")
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_NAME brevant-desktop)
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS "brevant (= ${PROJECT_VERSION}), fonts-inter")
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_RECOMMENDS notification-daemon)
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libbrevant-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libsqlite3-dev, libplist-dev, libpng-dev, ${icu_package}, nlohmann-json3-dev, libsdbus-c++-dev, libsystemd-dev")
+set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libsqlite3-dev, libplist-dev, libpng-dev, libunistring-dev, nlohmann-json3-dev, libsdbus-c++-dev, libsystemd-dev")
 set(CPACK_COMPONENT_CLI_DESCRIPTION "Time tracker widgets: the command line
  See what a personal time tracker is recording, and pause, stop or start it,
  from a terminal, a status bar or a widget host.")

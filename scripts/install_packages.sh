@@ -3,7 +3,7 @@
 set -euo pipefail
 
 build=(g++ dpkg-dev cmake ninja-build pkg-config ccache mold git
-    libsqlite3-dev libicu-dev libplist-dev libpng-dev
+    libsqlite3-dev libunistring-dev libplist-dev libpng-dev
     nlohmann-json3-dev libcli11-dev libsdbus-c++-dev libsystemd-dev gettext tzdata
     qt6-base-dev qt6-svg-dev qt6-qpa-plugins libgl-dev libxcb1-dev fonts-inter fonts-noto-core fonts-noto-cjk)
 run=(sqlite3)
