@@ -12,6 +12,9 @@ namespace {
 
 using OptionalText = std::optional<std::string>;
 
+// `contract` grows when a key of an answer is taken away or changes its meaning.
+constexpr const char* kVersionJson = R"({"version":")" BREVANT_VERSION R"(","contract":1})";
+
 // Adds an option or a positional whose text `take` turns into a value; it answers false for a text
 // that is none.
 CLI::Option* add(CLI::App& app, const std::string& name, const std::string& help,
@@ -154,7 +157,8 @@ CommandLine::CommandLine(std::span<const char* const> arguments)
   app_->failure_message(
       [](const CLI::App*, const CLI::Error& error) { return usageError(error.what()); });
   app_->footer("Example:\n  brevant status\n\nbrevant COMMAND --help tells more about a command.");
-  app_->set_version_flag("--version", "brevant " BREVANT_VERSION);
+  app_->set_version_flag("--version",
+                         mentions("--json") ? kVersionJson : "brevant " BREVANT_VERSION);
   addGlobalOptions();
 }
 

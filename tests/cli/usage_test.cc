@@ -50,6 +50,12 @@ TEST_F(Usage, OfTheWrongKindEndsWithTwo) {
   EXPECT_EQ(run({"status"}).exitCode, 0);
 }
 
+TEST_F(Usage, TellsTheVersionToPeopleAndToPrograms) {
+  const Json version = ask({"--version"});
+  EXPECT_EQ(version.at("contract"), 1);
+  EXPECT_EQ(run({"--version"}).out, "brevant " + version.at("version").get<std::string>() + "\n");
+}
+
 TEST_F(Usage, NamesTheWordThatIsWrong) {
   for (const std::vector<std::string>& command : std::vector<std::vector<std::string>>{
            {"wrong"}, {"--wrong", "status"}, {"live", "wrong"}, {"--json", "reminders", "wrong"}}) {
