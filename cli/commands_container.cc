@@ -15,10 +15,22 @@
 namespace brevant {
 namespace {
 
+// One line, however many there are.
+std::string passedOverText(const std::string& first, std::size_t others) {
+  if (others == 0) return "passed over: " + first;
+  return "passed over: " + first + "; and " + std::to_string(others) + " more";
+}
+
 ExitCode listRecords(Context& context) {
   const std::optional<FileUrl> container = context.platform.files.containerUrl(kAppGroupIdentifier);
-  const std::vector<CloudRecord> records = savedCloudRecords(
-      cloudDirectory(container ? container->path() : ""), kCloudContainerIdentifier);
+  std::size_t passedOver = 0;
+  std::string first;
+  const std::vector<CloudRecord> records =
+      savedCloudRecords(cloudDirectory(container ? container->path() : ""),
+                        kCloudContainerIdentifier, [&](const std::string& problem) {
+                          if (++passedOver == 1) first = problem;
+                        });
+  if (passedOver > 0) context.warn(passedOverText(first, passedOver - 1));
   if (records.empty()) context.warnIfNoContainer();
   if (context.options.json) {
     context.print(cloudRecordsJson(records));

@@ -2,6 +2,7 @@
 
 #include "cli/json.h"
 #include "cli/view_json.h"
+#include "platform/linux/json_check.h"
 
 namespace brevant {
 namespace {
@@ -45,6 +46,7 @@ Json json(const StaticConfiguration& widget, const WidgetContent& entry, ColorSc
 
 // The coded content as it was stored; null for one that is no JSON.
 Json contentState(const LiveActivity& activity) {
+  if (!harmInJson(activity.contentState).empty()) return nullptr;
   Json content = Json::parse(activity.contentState, nullptr, false);
   return content.is_discarded() ? Json(nullptr) : content;
 }

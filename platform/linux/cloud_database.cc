@@ -6,15 +6,16 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <utility>
+#include <variant>
 
 #include "platform/linux/durable_file.h"
+#include "platform/linux/file_limits.h"
+#include "platform/linux/json_check.h"
 
 namespace brevant {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-constexpr std::size_t kMaxRecordSize = std::size_t{1} << 20U;
 
 bool isFileName(const std::string& name) {
   return !name.empty() && name[0] != '.' && name.find('/') == std::string::npos;
@@ -31,13 +32,37 @@ std::string coded(const CloudRecord& record) {
   return json.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-std::optional<CloudRecord> decoded(const std::string& text) {
-  const Json json = Json::parse(text, nullptr, false);
+// The record, or why the text is none.
+std::variant<CloudRecord, std::string> decoded(const std::string& text) {
+  if (std::string harm = harmInJson(text); !harm.empty()) return harm;
+  const auto json = nlohmann::json::parse(text, nullptr, false);
   try {
-    return CloudRecord{json.at("recordType"), json.at("recordName"), json.at("fields")};
+    CloudRecord record{json.at("recordType"), json.at("recordName"), json.at("fields")};
+    if (record.fields.size() <= kMaxTextFields) return record;
+    return "has more than " + std::to_string(kMaxTextFields) + " fields";
   } catch (const Json::exception&) {
-    return std::nullopt;
+    return "is no cloud record";
   }
+}
+
+bool isLargerThan(const std::filesystem::path& path, std::size_t limit) {
+  std::error_code error;
+  const auto size = std::filesystem::file_size(path, error);
+  return !error && size > limit;
+}
+
+std::variant<CloudRecord, std::string> storedRecord(const std::filesystem::path& path,
+                                                    std::size_t& readable) {
+  if (isLargerThan(path, kMaxCloudRecordSize)) {
+    return "is larger than " + std::to_string(kMaxCloudRecordSize >> 10U) + " KiB";
+  }
+  if (isLargerThan(path, readable)) {
+    return "comes after " + std::to_string(kMaxCloudRecordsSize >> 10U) + " KiB of records";
+  }
+  const std::optional<std::string> text = readFile(path, readable);
+  if (!text) return "cannot be read";
+  readable -= text->size();
+  return decoded(*text);
 }
 
 // Empty on success, else what went wrong.
@@ -82,17 +107,22 @@ std::unique_ptr<CloudDatabase> makeCloudDatabase(const std::string& directory, T
 }
 
 std::vector<CloudRecord> savedCloudRecords(const std::string& directory,
-                                           const std::string& cloudContainer) {
+                                           const std::string& cloudContainer,
+                                           const CloudProblem& tell) {
   std::vector<CloudRecord> records;
+  std::size_t readable = kMaxCloudRecordsSize;
   std::error_code error;
   std::filesystem::recursive_directory_iterator files(privateDatabase(directory, cloudContainer),
                                                       error);
   for (; !error && files != std::filesystem::recursive_directory_iterator();
        files.increment(error)) {
     if (files->path().extension() != ".json") continue;
-    const std::optional<std::string> text = readFile(files->path(), kMaxRecordSize);
-    std::optional<CloudRecord> record = text ? decoded(*text) : std::nullopt;
-    if (record) records.push_back(std::move(*record));
+    auto stored = storedRecord(files->path(), readable);
+    if (auto* const record = std::get_if<CloudRecord>(&stored)) {
+      records.push_back(std::move(*record));
+    } else {
+      tell(files->path().string() + ": " + std::get<std::string>(stored));
+    }
   }
   std::sort(records.begin(), records.end(), [](const CloudRecord& a, const CloudRecord& b) {
     return std::tie(a.recordType, a.recordName) < std::tie(b.recordType, b.recordName);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -16,8 +17,13 @@ std::string cloudDirectory(const std::string& container);
 // Saves each record as a file of its own below `directory`: docs/cloud.md.
 std::unique_ptr<CloudDatabase> makeCloudDatabase(const std::string& directory, TaskQueue& tasks);
 
-// The records of one cloud container, by type and name. Files that are no records are passed over.
+// What is told of a file that is passed over.
+using CloudProblem = std::function<void(const std::string& problem)>;
+
+// The records of one cloud container, by type and name, as far as kMaxCloudRecordsSize of them can
+// be read. Files that are no records are passed over.
 std::vector<CloudRecord> savedCloudRecords(const std::string& directory,
-                                           const std::string& cloudContainer);
+                                           const std::string& cloudContainer,
+                                           const CloudProblem& tell);
 
 }  // namespace brevant

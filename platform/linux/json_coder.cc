@@ -4,6 +4,8 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
+#include "platform/linux/json_check.h"
+
 namespace brevant {
 namespace {
 
@@ -76,6 +78,9 @@ class JsonDecoder : public KeyedDecoder {
 
 // The object that the text stands for.
 Decoded<Json> parsed(std::string_view coded) {
+  if (std::string harm = harmInJson(coded); !harm.empty()) {
+    return DecodingError{"The content " + harm};
+  }
   std::set<std::string> keys;
   std::optional<std::string> key, repeated;  // the object's own: the last one; one that came again
   const auto look = [&](int depth, Json::parse_event_t event, const Json& value) {

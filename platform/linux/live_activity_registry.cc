@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "platform/linux/durable_file.h"
+#include "platform/linux/file_limits.h"
+#include "platform/linux/json_check.h"
 #include "platform/linux/shared_document.h"
 #include "platform/uuid.h"
 
@@ -13,9 +15,10 @@ namespace brevant {
 namespace {
 
 using Json = nlohmann::ordered_json;
+using ReadJson = nlohmann::json;  // finds a key among any number of them
 
 constexpr std::size_t kMaxContentState = 4096;
-constexpr std::size_t kMaxRegistrySize = std::size_t{16} << 20U;
+constexpr const char* kTooLarge = "would become larger than 1024 KiB";
 constexpr double kEndedKeptFor = 86400;
 
 struct Entry {
@@ -27,7 +30,7 @@ bool isActive(const Entry& entry) {
   return entry.activity.state == LiveActivityState::kActive;
 }
 
-Entry decodedEntry(const Json& json) {
+Entry decodedEntry(const ReadJson& json) {
   const bool active = json.at("ended").is_null();
   return {{json.at("id"), active ? LiveActivityState::kActive : LiveActivityState::kEnded,
            json.at("contentState")},
@@ -43,10 +46,11 @@ Json coded(const Entry& entry) {
 // Absent when the text is no registry. The limit of a content state holds here too: those who take
 // it apart rely on it being small.
 std::optional<std::vector<Entry>> decoded(const std::string& text) {
+  if (!harmInJson(text).empty()) return std::nullopt;
   std::vector<Entry> entries;
   try {
-    const Json document = Json::parse(text);
-    for (const Json& each : document.at("activities")) {
+    const ReadJson document = ReadJson::parse(text);
+    for (const ReadJson& each : document.at("activities")) {
       entries.push_back(decodedEntry(each));
       if (entries.back().activity.contentState.size() > kMaxContentState) return std::nullopt;
     }
@@ -54,6 +58,12 @@ std::optional<std::vector<Entry>> decoded(const std::string& text) {
     return std::nullopt;
   }
   return entries;
+}
+
+// Of a text that does not decode.
+std::string problemOf(const std::string& text) {
+  const std::string harm = harmInJson(text);
+  return harm.empty() ? "is no registry of Live Activities" : harm;
 }
 
 // Absent when a text is no UTF-8.
@@ -120,12 +130,12 @@ class Registry : public LiveActivityCenter {
   std::vector<LiveActivity> list(const Predicate& wanted) const {
     const std::optional<std::string> text = file_.read();
     if (!text) {
-      if (fileExists(file_.path())) log_.write(file_.path() + ": cannot be read");
+      if (fileExists(file_.path())) log_.write(file_.whyUnreadable());
       return {};
     }
     const std::optional<std::vector<Entry>> entries = decoded(*text);
     if (!entries) {
-      log_.write(file_.path() + ": is no registry of Live Activities");
+      log_.write(file_.path() + ": " + problemOf(*text));
       return {};
     }
     std::vector<LiveActivity> result;
@@ -141,11 +151,12 @@ class Registry : public LiveActivityCenter {
     std::string problem =
         file_.change([&](const std::optional<std::string>& text) -> SharedDocument::Edit {
           std::optional<std::vector<Entry>> entries = text ? decoded(*text) : std::vector<Entry>();
-          if (!entries) return {std::nullopt, "is no registry of Live Activities"};
+          if (!entries) return {std::nullopt, problemOf(*text)};
           if (!edit(*entries)) return {};
           std::erase_if(*entries, [this](const Entry& each) { return !isKept(each); });
           std::optional<std::string> contents = coded(*entries);
           if (!contents) return {std::nullopt, "a content state is no text"};
+          if (contents->size() > kMaxRegistrySize) return {std::nullopt, kTooLarge};
           return {std::move(contents), ""};
         });
     if (!problem.empty()) log_.write(problem);

@@ -8,24 +8,26 @@
 #include <utility>
 
 #include "platform/linux/durable_file.h"
+#include "platform/linux/file_limits.h"
+#include "platform/linux/json_check.h"
 #include "platform/linux/shared_document.h"
 
 namespace brevant {
 namespace {
 
 using Json = nlohmann::ordered_json;
+using ReadJson = nlohmann::json;  // finds a key among any number of them
 using Requests = std::vector<NotificationRequest>;
 
-constexpr std::size_t kMaxStoreSize = std::size_t{16} << 20U;
-constexpr const char* kBroken = "is no list of notification requests";
+constexpr const char* kTooLarge = "would become larger than 1024 KiB";
 
 // Clamped, so that no number in a file is beyond what a component can hold.
-int component(const Json& trigger, const char* key) {
+int component(const ReadJson& trigger, const char* key) {
   return static_cast<int>(std::clamp<double>(trigger.at(key), INT32_MIN, INT32_MAX));
 }
 
 // Seconds since 1970; requests of earlier versions have none.
-std::optional<Date> date(const Json& json, const char* key) {
+std::optional<Date> date(const ReadJson& json, const char* key) {
   const auto found = json.find(key);
   if (found == json.end()) return std::nullopt;
   return dateFromSeconds(found->get<double>());
@@ -35,8 +37,8 @@ void add(Json& json, const char* key, const std::optional<Date>& date) {
   if (date) json[key] = secondsSince1970(*date);
 }
 
-NotificationRequest decodedRequest(const Json& json) {
-  const Json& trigger = json.at("trigger");
+NotificationRequest decodedRequest(const ReadJson& json) {
+  const ReadJson& trigger = json.at("trigger");
   NotificationRequest request{
       json.at("identifier"),
       {json.at("title"), json.at("body"), json.at("userInfo"), json.at("sound")},
@@ -71,16 +73,26 @@ Json coded(const NotificationRequest& request) {
 
 // Absent when the text is no list of requests.
 std::optional<Requests> decoded(const std::string& text) {
+  if (!harmInJson(text).empty()) return std::nullopt;
   Requests requests;
   try {
-    const Json document = Json::parse(text);
-    for (const Json& each : document.at("requests")) {
+    const ReadJson document = ReadJson::parse(text);
+    for (const ReadJson& each : document.at("requests")) {
       requests.push_back(decodedRequest(each));
+      if (requests.back().content.userInfo.size() > kMaxTextFields) return std::nullopt;
     }
   } catch (const Json::exception&) {
     return std::nullopt;
   }
   return requests;
+}
+
+// Of a text that does not decode.
+std::string problemOf(const std::string& text) {
+  const std::string harm = harmInJson(text);
+  if (!harm.empty()) return harm;
+  return "is no list of notification requests with at most " + std::to_string(kMaxTextFields) +
+         " values each";
 }
 
 // A name from the database that is no UTF-8 must not keep a reminder from being stored.
@@ -93,7 +105,7 @@ std::string coded(const Requests& requests) {
 class Store : public UserNotificationCenter {
  public:
   Store(const std::string& container, const Clock& clock, Log& log)
-      : file_(container + "/Notifications", "requests.json", kMaxStoreSize),
+      : file_(container + "/Notifications", "requests.json", kMaxReminderFileSize),
         clock_(clock),
         log_(log) {}
 
@@ -101,8 +113,8 @@ class Store : public UserNotificationCenter {
     const bool exists = fileExists(file_.path());
     const std::optional<std::string> text = file_.read();
     std::optional<Requests> requests = text ? decoded(*text) : Requests();
-    if (exists && !text) tell(file_.path() + ": cannot be read");
-    if (!requests) tell(file_.path() + ": " + kBroken);
+    if (exists && !text) tell(file_.whyUnreadable());
+    if (!requests) tell(file_.path() + ": " + problemOf(*text));
     handler(requests.value_or(Requests()));
   }
 
@@ -132,12 +144,12 @@ class Store : public UserNotificationCenter {
     std::string problem =
         file_.change([&](const std::optional<std::string>& text) -> SharedDocument::Edit {
           std::optional<Requests> requests = text ? decoded(*text) : Requests();
-          if (!requests) return {std::nullopt, kBroken};
+          if (!requests) return {std::nullopt, problemOf(*text)};
           const Requests before = *requests;
           edit(*requests);
           if (*requests == before) return {};
           std::string changed = coded(*requests);
-          if (changed.size() > kMaxStoreSize) return {std::nullopt, "would become too large"};
+          if (changed.size() > kMaxReminderFileSize) return {std::nullopt, kTooLarge};
           return {std::move(changed), ""};
         });
     problem.empty() ? forget() : tell(problem);

@@ -26,6 +26,10 @@ class SharedDocument {
   // Absent when there is no file, or none that can be read.
   std::optional<std::string> read() const;
 
+  // What keeps a file that is there from being read: its size, by the limit's name, or anything
+  // else.
+  std::string whyUnreadable() const;
+
   // Makes the folder when it is missing. Empty on success, else what went wrong; the file is then
   // as it was. A file that is there but cannot be read is such a problem, and the editor not
   // called.

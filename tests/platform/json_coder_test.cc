@@ -94,10 +94,17 @@ TEST(JsonCoderTest, TakesTypesExactly) {
 
 TEST(JsonCoderTest, RefusesWhatIsNoKeyedContainer) {
   const std::string deep(100'000, '[');
+  const std::string within(63, '['), beyond(64, '[');
+  const auto holding = [](const std::string& open) {
+    return "{\"key\":" + open + std::string(open.size(), ']') + "}";
+  };
+  EXPECT_EQ(meanings(*makeJsonCoder(), holding(within)).text, "\"key\" is not a text");
+  EXPECT_THAT(meanings(*makeJsonCoder(), holding(beyond)).text, HasSubstr("more than 64 levels"));
+  EXPECT_EQ(meanings(*makeJsonCoder(), R"({"key":"[[\"[[\\"})").text, "[[\"[[\\");
   for (const std::string& coded : std::vector<std::string>{
            "", "{", "[\"key\"]", "\"key\"", deep, deep + std::string(100'000, ']'),
            "{\"key\":\"\xFF\"}", "{\"key\":1e999}", "{\"key\":NaN}", "{\"key\":1,\"key\":1}",
-           "{\"key\":1} {}", "{\"key\":1,}"}) {
+           "{\"key\":1} {}", "{\"key\":1,}", std::string("{\"key\":1}\0 {}", 13)}) {
     bool wasRead = false;
     EXPECT_TRUE(makeJsonCoder()->decode(coded, [&](const auto&) { wasRead = true; }));
     EXPECT_FALSE(wasRead) << coded.substr(0, 40);

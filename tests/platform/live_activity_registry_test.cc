@@ -87,19 +87,37 @@ TEST_F(LiveActivityRegistryTest, NeverOverwritesABrokenFile) {
   EXPECT_EQ(start(*center, "\xFF"), "");
   log.lines.clear();
   const std::string whole = folder.read(kFile);
-  for (const std::string& contents : std::vector<std::string>{
-           "", "[]", "{\"activities\":[{\"id\":5}]}", whole.substr(0, whole.size() / 2),
-           std::string(100'000, '['),
-           whole.substr(0, whole.find("{}")) + std::string(4097, '[') + "\",\"ended\":null}]}",
-           std::string((std::size_t{16} << 20U) + 1, ' ')}) {
+  const char* const none = "no registry";
+  const std::pair<std::string, const char*> broken[] = {
+      {"", none},
+      {"[]", none},
+      {"{\"activities\":[{\"id\":5}]}", none},
+      {whole.substr(0, whole.size() / 2), none},
+      {whole.substr(0, whole.find("{}")) + std::string(4097, '[') + "\",\"ended\":null}]}", none},
+      {whole + std::string("\0x", 2), "NUL"},
+      {std::string(100'000, '[') + std::string(100'000, ']'), "more than 64 levels"},
+      {whole + std::string(std::size_t{1} << 20U, ' '), "larger than 1024 KiB"},
+  };
+  for (const auto& [contents, why] : broken) {
     folder.write(kFile, contents);
     EXPECT_THAT(center->allActivities(), IsEmpty());
     EXPECT_EQ(start(*center, "{}"), "");
     EXPECT_FALSE(center->end(id, DismissalPolicy::kImmediate));
     EXPECT_EQ(folder.read(kFile), contents);
-    EXPECT_THAT(log.lines, testing::AllOf(SizeIs(3), testing::Each(HasSubstr(kFile))));
+    EXPECT_THAT(log.lines, testing::AllOf(SizeIs(3), testing::Each(HasSubstr(why))));
     log.lines.clear();
   }
+  std::string full = "{\"activities\":[";
+  const std::string state(4000, 'x');
+  for (int i = 0; i < 258; ++i) {
+    full +=
+        (i > 0 ? "," : "") + ("{\"id\":\"i\",\"contentState\":\"" + state) + "\",\"ended\":null}";
+  }
+  folder.write(kFile, full += "]}");
+  EXPECT_THAT(center->activities(), SizeIs(258));
+  EXPECT_EQ(start(*center, "{}"), "");
+  EXPECT_THAT(log.lines, testing::ElementsAre(HasSubstr("would become larger than 1024 KiB")));
+  EXPECT_EQ(folder.read(kFile), full);
 }
 
 TEST_F(LiveActivityRegistryTest, MakesNothingForAnIdThatNobodyHas) {

@@ -88,10 +88,18 @@ TEST_F(NotificationStoreTest, KeepsInstantsAndMakesANameText) {
 }
 
 TEST_F(NotificationStoreTest, NeverOverwritesABrokenFileAndTellsOfItOnce) {
-  for (const std::string& contents :
-       std::vector<std::string>{"", "{\"requests\":5", "{\"requests\":[{}]}",
-                                "{\"requests\":[{\"identifier\":\"a\",\"trigger\":[]}]}",
-                                "{\"requests\":[]}" + std::string(std::size_t{16} << 20U, ' ')}) {
+  const char* const none = "no list of notification requests";
+  const std::string empty = "{\"requests\":[]}";
+  const std::pair<std::string, const char*> broken[] = {
+      {"", none},
+      {"{\"requests\":5", none},
+      {"{\"requests\":[{}]}", none},
+      {"{\"requests\":[{\"identifier\":\"a\",\"trigger\":[]}]}", none},
+      {empty + std::string("\0x", 2), "NUL"},
+      {std::string(100'000, '[') + std::string(100'000, ']'), "more than 64 levels"},
+      {empty + std::string(std::size_t{1} << 20U, ' '), "larger than 1024 KiB"},
+  };
+  for (const auto& [contents, why] : broken) {
     const auto center = open();
     for (int time = 1; time <= 2; ++time) {
       folder.write(kFile, contents);
@@ -99,7 +107,7 @@ TEST_F(NotificationStoreTest, NeverOverwritesABrokenFileAndTellsOfItOnce) {
       EXPECT_THAT(add(*center, request("a")), HasSubstr(kFile));
       center->removePendingRequests({"a"});
       EXPECT_TRUE(folder.read(kFile) == contents);
-      EXPECT_THAT(log.lines, AllOf(SizeIs(time), Each(HasSubstr(kFile))));
+      EXPECT_THAT(log.lines, AllOf(SizeIs(time), Each(AllOf(HasSubstr(kFile), HasSubstr(why)))));
       folder.write(kFile, "{\"requests\":[]}");
       EXPECT_EQ(add(*center, request("a")), "");
     }
