@@ -75,7 +75,7 @@ TEST_F(Reminders, SayInOneLineWhatIsWrongWithTheirFile) {
   // There is room for the first of the two.
   write(file, R"({"requests":[]})");
   addCategory("C", "");
-  database.run("UPDATE categories SET name = hex(zeroblob(5000000))");
+  database.run("UPDATE categories SET name = hex(zeroblob(300000))");
   addActivity("A", "C", 1, "1699999000");
   expectTold("schedule", 1);
   EXPECT_EQ(ask({"reminders", "pending"}).size(), 1U);
