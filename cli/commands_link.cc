@@ -8,14 +8,23 @@
 namespace brevant {
 namespace {
 
+// The activity is changed by now: what goes wrong here is told, and no failure of the command.
+void warnNotEnded(const Context& context, const LiveActivityError& error) {
+  context.warn("the Live Activity could not be ended: " + error.message);
+}
+
 void endLiveActivity(Context& context, const std::string& guid) {
-  for (const LiveActivity& activity : context.platform.liveActivities.activities()) {
+  const LiveActivityList list = context.platform.liveActivities.activities();
+  if (const auto* error = std::get_if<LiveActivityError>(&list)) {
+    return warnNotEnded(context, *error);
+  }
+  for (const LiveActivity& activity : std::get<std::vector<LiveActivity>>(list)) {
     const auto decoded = ContentState::decoded(context.platform.coder, activity.contentState);
     const auto* state = std::get_if<ContentState>(&decoded);
     if (state == nullptr || state->guid != guid) continue;
-    if (!context.platform.liveActivities.end(activity.id, DismissalPolicy::kImmediate)) {
-      context.warn("the Live Activity could not be ended: " + activity.id);
-    }
+    const auto error =
+        context.platform.liveActivities.end(activity.id, DismissalPolicy::kImmediate);
+    if (error) warnNotEnded(context, *error);
     return;
   }
 }

@@ -1,7 +1,6 @@
-#include <algorithm>
-
 #include "cli/commands.h"
 #include "cli/context.h"
+#include "cli/database_place.h"
 #include "cli/files.h"
 #include "cli/json_widget.h"
 #include "cli/terminal_text.h"
@@ -39,6 +38,10 @@ ExitCode decode(Context& context) {
 }
 
 ExitCode start(Context& context) {
+  // It is not made on the way: who mistypes it would start something that no host ever shows.
+  if (const auto trouble = missingContainer(context.platform.files)) {
+    return context.refuse(*trouble);
+  }
   const auto coded = codedInput(context);
   if (const auto* error = std::get_if<Unreadable>(&coded)) return context.refuse(error->why);
   const auto result = context.platform.liveActivities.start(std::get<std::string>(coded));
@@ -50,14 +53,18 @@ ExitCode start(Context& context) {
   return ExitCode::kDone;
 }
 
-std::vector<LiveActivity> listed(Context& context, bool endedToo) {
+LiveActivityList listed(Context& context, bool endedToo) {
   const LiveActivityCenter& center = context.platform.liveActivities;
+  if (!context.warnIfNoContainer()) return {};
   return endedToo ? center.allActivities() : center.activities();
 }
 
 ExitCode list(Context& context, bool endedToo) {
-  context.warnIfNoContainer();
-  const std::vector<LiveActivity> activities = listed(context, endedToo);
+  const LiveActivityList list = listed(context, endedToo);
+  if (const auto* error = std::get_if<LiveActivityError>(&list)) {
+    return context.refuse(error->message);
+  }
+  const auto& activities = std::get<std::vector<LiveActivity>>(list);
   if (context.options.json) {
     context.print(liveActivitiesJson(activities));
     return ExitCode::kDone;
@@ -77,42 +84,27 @@ ExitCode list(Context& context, bool endedToo) {
   return ExitCode::kDone;
 }
 
-bool isRunning(Context& context, const std::string& id) {
-  const auto activities = context.platform.liveActivities.activities();
-  return std::any_of(activities.begin(), activities.end(),
-                     [&id](const LiveActivity& activity) { return activity.id == id; });
-}
-
-ExitCode refuseChange(Context& context, const std::string& id) {
-  return isRunning(context, id) ? context.refuse("the Live Activity could not be changed: " + id)
-                                : context.refuse("there is no running Live Activity " + id);
-}
-
 ExitCode update(Context& context, const std::string& id) {
-  constexpr std::size_t kMostContent = 4096;
   const auto coded = codedInput(context);
   if (const auto* error = std::get_if<Unreadable>(&coded)) return context.refuse(error->why);
-  const auto& content = std::get<std::string>(coded);
-  if (content.size() > kMostContent) {
-    return context.refuse("the content state has more than " + std::to_string(kMostContent) +
-                          " bytes");
-  }
-  if (!context.platform.liveActivities.update(id, content)) return refuseChange(context, id);
-  return context.done();
+  const auto error = context.platform.liveActivities.update(id, std::get<std::string>(coded));
+  return error ? context.refuse(error->message) : context.done();
 }
 
 ExitCode end(Context& context, const std::string& id) {
-  if (!context.platform.liveActivities.end(id, DismissalPolicy::kImmediate)) {
-    return refuseChange(context, id);
-  }
-  return context.done();
+  const auto error = context.platform.liveActivities.end(id, DismissalPolicy::kImmediate);
+  return error ? context.refuse(error->message) : context.done();
 }
 
-std::optional<LiveActivity> chosen(const Context& context, const std::optional<std::string>& id) {
-  for (LiveActivity& activity : context.platform.liveActivities.activities()) {
+std::variant<LiveActivity, LiveActivityError> chosen(const Context& context,
+                                                     const std::optional<std::string>& id) {
+  LiveActivityList list = context.platform.liveActivities.activities();
+  if (auto* error = std::get_if<LiveActivityError>(&list)) return std::move(*error);
+  for (LiveActivity& activity : std::get<std::vector<LiveActivity>>(list)) {
     if (!id || activity.id == *id) return std::move(activity);
   }
-  return std::nullopt;
+  return LiveActivityError{LiveActivityError::Kind::kNotRunning,
+                           "there is no running Live Activity" + (id ? ' ' + *id : "")};
 }
 
 ExitCode show(Context& context, const std::optional<std::string>& id) {
@@ -120,9 +112,12 @@ ExitCode show(Context& context, const std::optional<std::string>& id) {
     return context.refuse("system version " + context.options.systemVersion +
                           " has no Live Activities");
   }
-  const std::optional<LiveActivity> activity = chosen(context, id);
-  if (!activity) return context.refuse("there is no running Live Activity" + (id ? ' ' + *id : ""));
-  const auto decoded = ContentState::decoded(context.platform.coder, activity->contentState);
+  const auto choice = chosen(context, id);
+  if (const auto* none = std::get_if<LiveActivityError>(&choice)) {
+    return context.refuse(none->message);
+  }
+  const auto& activity = std::get<LiveActivity>(choice);
+  const auto decoded = ContentState::decoded(context.platform.coder, activity.contentState);
   if (const auto* error = std::get_if<DecodingError>(&decoded)) {
     return context.refuse("the content state does not decode: " + error->message);
   }
@@ -133,7 +128,7 @@ ExitCode show(Context& context, const std::optional<std::string>& id) {
     return ExitCode::kDone;
   }
   const LiveActivityWidget widget(context.platform);
-  context.print(presentationJson(widget.kind, *activity,
+  context.print(presentationJson(widget.kind, activity,
                                  widget.body(state, context.options.colorScheme),
                                  context.platform.images));
   return ExitCode::kDone;

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/container_path.h"
@@ -29,11 +30,16 @@ std::optional<std::string> containerDirectory(const FileManager& files) {
 std::optional<std::string> missingContainer(const FileManager& files) {
   const std::optional<std::string> container = containerDirectory(files);
   if (!container) return "there is no container";
-  if (access(container->c_str(), X_OK) != 0 && errno == EACCES) {
-    return "the container " + *container + " cannot be entered: " + std::strerror(EACCES);
+  struct stat status {};
+  const bool isThere = stat(container->c_str(), &status) == 0;
+  if (!isThere && errno != EACCES) {
+    return "there is no container at " + *container + " (brevant sample DIR makes one to try)";
   }
-  if (files.fileExists(*container)) return std::nullopt;
-  return "there is no container at " + *container + " (brevant sample DIR makes one to try)";
+  if (isThere && !S_ISDIR(status.st_mode)) {
+    return "the container " + *container + " is no directory";
+  }
+  if (isThere && access(container->c_str(), X_OK) == 0) return std::nullopt;
+  return "the container " + *container + " cannot be entered: " + std::strerror(errno);
 }
 
 std::optional<std::string> missingDatabase(const FileManager& files) {

@@ -32,9 +32,9 @@ std::string joined(const std::set<std::string>& names) {
 
 Finding checkContainer(const Context& context) {
   const std::string directory = containerDirectory(context.platform.files).value_or("");
-  if (directory.empty() || !context.platform.files.fileExists(directory)) {
+  if (const auto trouble = missingContainer(context.platform.files)) {
     return {
-        "container", State::kProblem, "there is no container at " + directory,
+        "container", State::kProblem, *trouble,
         "name it with --container or BREVANT_CONTAINER, or make one to try: brevant sample DIR"};
   }
   if (access(directory.c_str(), R_OK | W_OK | X_OK) != 0) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -25,32 +26,44 @@ struct LiveActivity {
 struct StartedLiveActivity {
   std::string id;
 };
+
+// Why the registry did not answer or did not change, in one line for people. It then is as it was.
 struct LiveActivityError {
+  enum class Kind {
+    kNotRunning,  // it is unknown or has ended; an ended one never changes
+    kContent,     // more than 4096 bytes, or no text
+    kRegistry,    // damaged, unreadable or not to be written; what runs is not known
+  };
+  Kind kind = Kind::kRegistry;
   std::string message;
 };
 
+using LiveActivityList = std::variant<std::vector<LiveActivity>, LiveActivityError>;
+
 // The registry of Live Activities, shared between processes. Every call is atomic, safe against a
-// process killed in between, may come from any thread and may wait for a short lock.
+// process killed in between, may come from any thread and may wait for a short lock. One that is
+// not there yet is empty; one that cannot be read never counts as empty. It tells its caller what
+// went wrong and logs nothing.
 class LiveActivityCenter {
  public:
   virtual ~LiveActivityCenter() = default;
 
   // The running activities in the order they were started.
-  virtual std::vector<LiveActivity> activities() const = 0;
+  virtual LiveActivityList activities() const = 0;
 
   // Also those that ended within the last day, with the last content that they had.
-  virtual std::vector<LiveActivity> allActivities() const = 0;
+  virtual LiveActivityList allActivities() const = 0;
 
-  // Refuses a content state of more than 4096 bytes.
   virtual std::variant<StartedLiveActivity, LiveActivityError> start(
       const std::string& contentState) = 0;
 
-  // False when it is unknown, has ended (an ended one never changes), when the content is above
-  // 4096 bytes, or when the registry cannot be written.
-  virtual bool update(const std::string& id, const std::string& contentState) = 0;
+  // Absent when it is done.
+  [[nodiscard]] virtual std::optional<LiveActivityError> update(
+      const std::string& id, const std::string& contentState) = 0;
 
-  // False when it is unknown or has ended, or when the registry cannot be written.
-  virtual bool end(const std::string& id, DismissalPolicy policy) = 0;
+  // Absent when it is done.
+  [[nodiscard]] virtual std::optional<LiveActivityError> end(const std::string& id,
+                                                             DismissalPolicy policy) = 0;
 };
 
 }  // namespace brevant

@@ -49,7 +49,7 @@ struct LinuxPlatform::Services {
         bundle(makeBundle(options.resources, *images)),
         process(makeProcessInfo(options.systemVersion, options.isiOSAppOnMac)),
         notifications(makeNotificationStore(directory, *clock, *log)),
-        liveActivities(makeLiveActivityRegistry(directory, *clock, *random, *log)),
+        liveActivities(makeLiveActivityRegistry(directory, *clock, *random)),
         cloud(makeCloudDatabase(cloudDirectory(directory), *tasks)) {}
 
   const std::string container;  // empty when there is none

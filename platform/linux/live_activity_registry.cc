@@ -16,6 +16,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 using ReadJson = nlohmann::json;  // finds a key among any number of them
+using Kind = LiveActivityError::Kind;
 
 constexpr std::size_t kMaxContentState = 4096;
 constexpr const char* kTooLarge = "would become larger than 1024 KiB";
@@ -41,6 +42,12 @@ Json coded(const Entry& entry) {
   return {{"id", entry.activity.id},
           {"contentState", entry.activity.contentState},
           {"ended", isActive(entry) ? Json() : Json(entry.ended)}};
+}
+
+constexpr const char* kTooMuchContent = "the content state has more than 4096 bytes";
+
+LiveActivityError notRunning(const std::string& id) {
+  return {Kind::kNotRunning, "there is no running Live Activity " + id};
 }
 
 // Absent when the text is no registry. The limit of a content state holds here too: those who take
@@ -79,42 +86,44 @@ std::optional<std::string> coded(const std::vector<Entry>& entries) {
 
 class Registry : public LiveActivityCenter {
  public:
-  Registry(const std::string& container, const Clock& clock, RandomSource& random, Log& log)
+  Registry(const std::string& container, const Clock& clock, RandomSource& random)
       : file_(container + "/LiveActivities", "activities.json", kMaxRegistrySize),
         clock_(clock),
-        random_(random),
-        log_(log) {}
+        random_(random) {}
 
-  std::vector<LiveActivity> activities() const override {
+  LiveActivityList activities() const override {
     return list([](const Entry& entry) { return isActive(entry); });
   }
 
-  std::vector<LiveActivity> allActivities() const override {
+  LiveActivityList allActivities() const override {
     return list([this](const Entry& entry) { return isKept(entry); });
   }
 
   std::variant<StartedLiveActivity, LiveActivityError> start(
       const std::string& contentState) override {
     if (contentState.size() > kMaxContentState) {
-      return LiveActivityError{"the content state is above 4096 bytes"};
+      return LiveActivityError{Kind::kContent, kTooMuchContent};
     }
     std::string id = newUuid(random_);
-    const std::string problem = change([&](std::vector<Entry>& entries) {
+    auto error = change([&](std::vector<Entry>& entries) {
       entries.push_back({{id, LiveActivityState::kActive, contentState}});
       return true;
     });
-    if (!problem.empty()) return LiveActivityError{problem};
+    if (error) return std::move(*error);
     return StartedLiveActivity{std::move(id)};
   }
 
-  bool update(const std::string& id, const std::string& contentState) override {
-    if (contentState.size() > kMaxContentState) return false;
+  std::optional<LiveActivityError> update(const std::string& id,
+                                          const std::string& contentState) override {
+    if (contentState.size() > kMaxContentState) {
+      return LiveActivityError{Kind::kContent, kTooMuchContent};
+    }
     return changeActive(id, [&](Entry& entry) { entry.activity.contentState = contentState; });
   }
 
   // Both policies take it off the list of running ones; a host that leaves an ended one on show for
   // a while finds it among all.
-  bool end(const std::string& id, DismissalPolicy) override {
+  std::optional<LiveActivityError> end(const std::string& id, DismissalPolicy) override {
     return changeActive(id, [&](Entry& entry) {
       entry.activity.state = LiveActivityState::kEnded;
       entry.ended = secondsSince1970(clock_.now());
@@ -127,27 +136,23 @@ class Registry : public LiveActivityCenter {
   }
 
   template <typename Predicate>
-  std::vector<LiveActivity> list(const Predicate& wanted) const {
-    const std::optional<std::string> text = file_.read();
-    if (!text) {
-      if (fileExists(file_.path())) log_.write(file_.whyUnreadable());
-      return {};
-    }
-    const std::optional<std::vector<Entry>> entries = decoded(*text);
-    if (!entries) {
-      log_.write(file_.path() + ": " + problemOf(*text));
-      return {};
-    }
+  LiveActivityList list(const Predicate& wanted) const {
     std::vector<LiveActivity> result;
+    const std::optional<std::string> text = file_.read();
+    if (!text && !fileExists(file_.path())) return result;
+    if (!text) return LiveActivityError{Kind::kRegistry, file_.whyUnreadable()};
+    const std::optional<std::vector<Entry>> entries = decoded(*text);
+    if (!entries) return LiveActivityError{Kind::kRegistry, file_.path() + ": " + problemOf(*text)};
     for (const Entry& each : *entries) {
       if (wanted(each)) result.push_back(each.activity);
     }
     return result;
   }
 
-  // Stores what `edit` makes of the entries when it answers true. Empty on success.
+  // Stores what `edit` makes of the entries when it answers true.
   template <typename Edit>
-  std::string change(const Edit& edit) {
+  std::optional<LiveActivityError> change(const Edit& edit) {
+    Kind kind = Kind::kRegistry;
     std::string problem =
         file_.change([&](const std::optional<std::string>& text) -> SharedDocument::Edit {
           std::optional<std::vector<Entry>> entries = text ? decoded(*text) : std::vector<Entry>();
@@ -155,19 +160,22 @@ class Registry : public LiveActivityCenter {
           if (!edit(*entries)) return {};
           std::erase_if(*entries, [this](const Entry& each) { return !isKept(each); });
           std::optional<std::string> contents = coded(*entries);
-          if (!contents) return {std::nullopt, "a content state is no text"};
+          if (!contents) {
+            kind = Kind::kContent;
+            return {std::nullopt, "a content state is no text"};
+          }
           if (contents->size() > kMaxRegistrySize) return {std::nullopt, kTooLarge};
           return {std::move(contents), ""};
         });
-    if (!problem.empty()) log_.write(problem);
-    return problem;
+    if (problem.empty()) return std::nullopt;
+    return LiveActivityError{kind, std::move(problem)};
   }
 
   template <typename Edit>
-  bool changeActive(const std::string& id, const Edit& edit) {
-    if (!fileExists(file_.path())) return false;  // not even a folder is made for nothing
+  std::optional<LiveActivityError> changeActive(const std::string& id, const Edit& edit) {
+    if (!fileExists(file_.path())) return notRunning(id);  // not even a folder is made for nothing
     bool found = false;
-    const std::string problem = change([&](std::vector<Entry>& entries) {
+    auto error = change([&](std::vector<Entry>& entries) {
       const auto entry = std::find_if(entries.begin(), entries.end(), [&](const Entry& each) {
         return each.activity.id == id && isActive(each);
       });
@@ -175,21 +183,21 @@ class Registry : public LiveActivityCenter {
       if (found) edit(*entry);
       return found;
     });
-    return found && problem.empty();
+    if (!error && !found) error = notRunning(id);
+    return error;
   }
 
   const SharedDocument file_;
   const Clock& clock_;
   RandomSource& random_;
-  Log& log_;
 };
 
 }  // namespace
 
 std::unique_ptr<LiveActivityCenter> makeLiveActivityRegistry(const std::string& container,
                                                              const Clock& clock,
-                                                             RandomSource& random, Log& log) {
-  return std::make_unique<Registry>(container, clock, random, log);
+                                                             RandomSource& random) {
+  return std::make_unique<Registry>(container, clock, random);
 }
 
 }  // namespace brevant

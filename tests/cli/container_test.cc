@@ -1,3 +1,6 @@
+#include <iterator>
+#include <sstream>
+
 #include "tests/support/cli.h"
 
 namespace brevant::test {
@@ -35,6 +38,24 @@ TEST_F(Containers, MadeAsSamplesAreSoundAndAlive) {
   EXPECT_EQ(run({"pause"}).exitCode, 0);
   EXPECT_EQ(run({"sample", sample}).exitCode, 1);
   EXPECT_EQ(ask({"status"})["paused"].size(), 2U);
+}
+
+TEST_F(Containers, ThatAreNoneAreToldAlikeAndNeverMade) {
+  write("file", "");
+  const std::pair<std::string, std::string> cases[] = {
+      {"none", "there is no container at " + path("none")},
+      {"file", "the container " + path("file") + " is no directory"}};
+  for (const auto& [name, why] : cases) {
+    environment["BREVANT_CONTAINER"] = path(name);
+    for (const std::string command :
+         {"status", "cloud", "stop", "doctor", "live list", "live start"}) {
+      std::istringstream text(command);
+      const std::vector<std::string> words{std::istream_iterator<std::string>(text), {}};
+      const Outcome outcome = run(words);
+      EXPECT_NE((outcome.out + outcome.err).find(why), std::string::npos) << command << outcome.err;
+    }
+  }
+  EXPECT_FALSE(std::filesystem::exists(path("none")));
 }
 
 TEST_F(Containers, WhosePathNeedsEscapesAreMadeWithAWarning) {

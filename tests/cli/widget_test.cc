@@ -147,8 +147,28 @@ TEST_F(LiveActivities, SurviveContentOfAnyDepth) {
     const std::string content = std::string(half, '[') + std::string(half, ']');
     const Json entry{{"id", "deep"}, {"contentState", content}, {"ended", nullptr}};
     write("LiveActivities/activities.json", Json{{"activities", Json::array({entry})}}.dump());
-    EXPECT_EQ(ask({"live", "list"}).size(), half == 2048 ? 1U : 0U);
+    EXPECT_EQ(run({"live", "list"}).exitCode, half == 2048 ? 0 : 1);
   }
+}
+
+TEST_F(LiveActivities, AreNeverTakenForNoneWhereTheyCannotBeRead) {
+  const std::string file = "LiveActivities/activities.json";
+  const auto allTell = [&](const std::string& why) {
+    for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+             {"list"}, {"list", "--all"}, {"show"}, {"end", "A"}, {"update", "A"}, {"start"}}) {
+      std::vector<std::string> command{"live"};
+      command.insert(command.end(), words.begin(), words.end());
+      const Outcome outcome = run(command, kState);
+      EXPECT_EQ(outcome.exitCode, 1) << words[0];
+      EXPECT_EQ(outcome.out, "");
+      EXPECT_EQ(outcome.err, "brevant: " + path(file) + why) << words[0];
+    }
+  };
+  write(file, "{");
+  allTell(": is no registry of Live Activities\n");
+  std::filesystem::remove(path(file));
+  std::filesystem::create_directory(path(file));
+  allTell(": cannot be read\n");
 }
 
 }  // namespace

@@ -66,6 +66,13 @@ TEST_F(StopActivityLive, ChangesTheActivityAndTakesTheFirstOfItsLiveActivitiesDo
   }
 }
 
+TEST_F(StopActivityLive, StopsTheActivityAllTheSameWhenTheRegistryIsDamaged) {
+  fakes.liveActivities.damage = LiveActivityError{LiveActivityError::Kind::kRegistry, "damaged"};
+  perform({"A", "stop"});
+  EXPECT_EQ(state(), "0\n");
+  EXPECT_EQ(fakes.log.lines.front(), "damaged");
+}
+
 TEST_F(StopActivityLive, UpdatesNothingButTheMessage) {
   perform({"A", "pause"});
   const ContentState expected{"A", "Reading", "cat_7", 255, kStart, "pause"};

@@ -5,6 +5,9 @@
 namespace brevant::test {
 namespace {
 
+const LiveActivityError kTooMuch{LiveActivityError::Kind::kContent, "too much content"};
+const LiveActivityError kNotRunning{LiveActivityError::Kind::kNotRunning, "not running"};
+
 std::string withoutRepeatedSlashes(const std::string& path) {
   std::string result;
   for (const char c : path) {
@@ -152,7 +155,8 @@ void FakeNotificationCenter::add(const NotificationRequest& request, Completion 
   completion("");
 }
 
-std::vector<LiveActivity> FakeLiveActivities::activities() const {
+LiveActivityList FakeLiveActivities::activities() const {
+  if (damage) return *damage;
   std::vector<LiveActivity> running;
   std::copy_if(all.begin(), all.end(), std::back_inserter(running),
                [](const LiveActivity& each) { return each.state == LiveActivityState::kActive; });
@@ -161,7 +165,7 @@ std::vector<LiveActivity> FakeLiveActivities::activities() const {
 
 std::variant<StartedLiveActivity, LiveActivityError> FakeLiveActivities::start(
     const std::string& contentState) {
-  if (contentState.size() > 4096) return LiveActivityError{"the content state is above 4096 bytes"};
+  if (contentState.size() > 4096) return kTooMuch;
   all.push_back({"live-" + std::to_string(++started), LiveActivityState::kActive, contentState});
   return StartedLiveActivity{all.back().id};
 }
@@ -173,18 +177,20 @@ LiveActivity* FakeLiveActivities::active(const std::string& id) {
   return nullptr;
 }
 
-bool FakeLiveActivities::update(const std::string& id, const std::string& contentState) {
+std::optional<LiveActivityError> FakeLiveActivities::update(const std::string& id,
+                                                            const std::string& contentState) {
+  if (contentState.size() > 4096) return kTooMuch;
   LiveActivity* const activity = active(id);
-  if (!activity || contentState.size() > 4096) return false;
+  if (!activity) return kNotRunning;
   activity->contentState = contentState;
-  return true;
+  return std::nullopt;
 }
 
-bool FakeLiveActivities::end(const std::string& id, DismissalPolicy) {
+std::optional<LiveActivityError> FakeLiveActivities::end(const std::string& id, DismissalPolicy) {
   LiveActivity* const activity = active(id);
-  if (!activity) return false;
+  if (!activity) return kNotRunning;
   activity->state = LiveActivityState::kEnded;
-  return true;
+  return std::nullopt;
 }
 
 void FakeTasks::waitUntilIdle() {

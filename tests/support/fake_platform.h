@@ -149,13 +149,17 @@ struct FakeNotificationCenter : UserNotificationCenter {
 };
 
 struct FakeLiveActivities : LiveActivityCenter {
-  std::vector<LiveActivity> activities() const override;
-  std::vector<LiveActivity> allActivities() const override { return all; }
+  LiveActivityList activities() const override;
+  LiveActivityList allActivities() const override {
+    return damage ? LiveActivityList(*damage) : LiveActivityList(all);
+  }
   std::variant<StartedLiveActivity, LiveActivityError> start(
       const std::string& contentState) override;
-  bool update(const std::string& id, const std::string& contentState) override;
-  bool end(const std::string& id, DismissalPolicy policy) override;
+  std::optional<LiveActivityError> update(const std::string& id,
+                                          const std::string& contentState) override;
+  std::optional<LiveActivityError> end(const std::string& id, DismissalPolicy policy) override;
 
+  std::optional<LiveActivityError> damage;  // what it answers then
   std::vector<LiveActivity> all;
   int started = 0;
 
