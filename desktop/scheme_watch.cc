@@ -1,13 +1,12 @@
 #include "desktop/scheme_watch.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QDBusVariant>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
+#include <cstdio>
 
 namespace brevant {
 
@@ -41,11 +40,17 @@ std::optional<ColorScheme> schemeOfSetting(QVariant value) {
 
 }  // namespace
 
-SchemeWatch::SchemeWatch(QObject* parent) : QObject(parent), scheme_(schemeOfPalette()) {
+SchemeWatch::SchemeWatch(const QDBusConnection& bus, QObject* parent)
+    : QObject(parent), scheme_(schemeOfPalette()) {
   qGuiApp->installEventFilter(this);
-  QDBusConnection::sessionBus().connect(kService, kPath, kInterface, u"SettingChanged"_s, this,
-                                        SLOT(takeSetting(QString, QString, QDBusVariant)));
-  askPortal();
+  // The bus finds the slot by the names of its types: this one is not known by itself.
+  qRegisterMetaType<QDBusVariant>();
+  QDBusConnection listening(bus);
+  const bool listens = listening.connect(kService, kPath, kInterface, u"SettingChanged"_s, this,
+                                         SLOT(takeSetting(QString, QString, QDBusVariant)));
+  if (!listens && bus.isConnected())
+    std::fprintf(stderr, "brevant-desktop: changes of the desktop's colours are not followed\n");
+  askPortal(bus);
 }
 
 bool SchemeWatch::eventFilter(QObject* watched, QEvent* event) {
@@ -59,11 +64,10 @@ void SchemeWatch::takeSetting(const QString& group, const QString& key, const QD
   decide();
 }
 
-void SchemeWatch::askPortal() {
+void SchemeWatch::askPortal(const QDBusConnection& bus) {
   QDBusMessage read = QDBusMessage::createMethodCall(kService, kPath, kInterface, u"Read"_s);
   read << QString(kGroup) << QString(kKey);
-  const auto* call =
-      new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(read), this);
+  const auto* call = new QDBusPendingCallWatcher(bus.asyncCall(read), this);
   connect(call, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* done) {
     const QDBusPendingReply<QDBusVariant> reply = *done;
     done->deleteLater();

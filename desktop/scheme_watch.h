@@ -1,11 +1,11 @@
 #pragma once
 
+#include <QDBusConnection>
+#include <QDBusVariant>
 #include <QObject>
 #include <optional>
 
 #include "desktop/drawing_context.h"
-
-class QDBusVariant;
 
 namespace brevant {
 
@@ -16,7 +16,8 @@ namespace brevant {
 class SchemeWatch : public QObject {
   Q_OBJECT
  public:
-  explicit SchemeWatch(QObject* parent = nullptr);
+  explicit SchemeWatch(const QDBusConnection& bus = QDBusConnection::sessionBus(),
+                       QObject* parent = nullptr);
 
   [[nodiscard]] ColorScheme scheme() const { return scheme_; }
 
@@ -30,7 +31,7 @@ class SchemeWatch : public QObject {
   void takeSetting(const QString& group, const QString& key, const QDBusVariant& value);
 
  private:
-  void askPortal();
+  void askPortal(const QDBusConnection& bus);
   void decide();
 
   std::optional<ColorScheme> fromPortal_;
