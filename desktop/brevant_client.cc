@@ -1,16 +1,14 @@
 #include "desktop/brevant_client.h"
 
-#include <QCoreApplication>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QPointer>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QTimer>
 #include <optional>
 #include <utility>
 
+#include "desktop/programs.h"
 #include "desktop/translate.h"
 
 namespace brevant {
@@ -35,9 +33,11 @@ std::optional<QJsonValue> parseJson(const QByteArray& text) {
   return values.first();
 }
 
+// Without the program's name, which people have not run.
 QString lastLine(const QByteArray& text) {
   const QString trimmed = QString::fromUtf8(text.trimmed());
-  return trimmed.mid(trimmed.lastIndexOf(u'\n') + 1).left(kLongestError);
+  const QString line = trimmed.mid(trimmed.lastIndexOf(u'\n') + 1);
+  return line.mid(line.startsWith("brevant: "_L1) ? 9 : 0).left(kLongestError);
 }
 
 // One process, from its start to its answer; then it deletes itself.
@@ -66,8 +66,11 @@ class Run : public QObject {
 
   void start(const QString& program, const QStringList& arguments,
              std::chrono::milliseconds patience) {
+    process_.setProgram(program);
+    process_.setArguments(arguments);
+    if (!canRun(program)) return failToStart();
     patience_.start(patience);
-    process_.start(program, arguments, QIODevice::ReadOnly);
+    process_.start(QIODevice::ReadOnly);
   }
 
  private:
@@ -155,14 +158,6 @@ QStringList BrevantClient::globalOptions() const {
   const QString scheme = options_.colorScheme == ColorScheme::kDark ? u"dark"_s : u"light"_s;
   return options_.globalOptions +
          QStringList{u"--container"_s, options_.container, u"--color-scheme"_s, scheme};
-}
-
-QString findBrevant() {
-  if (qEnvironmentVariableIsSet("BREVANT")) return qEnvironmentVariable("BREVANT");
-  const QFileInfo beside(QCoreApplication::applicationDirPath() + u"/brevant"_s);
-  if (beside.isExecutable() && beside.isFile()) return beside.filePath();
-  const QString onPath = QStandardPaths::findExecutable(u"brevant"_s);
-  return onPath.isEmpty() ? u"brevant"_s : onPath;
 }
 
 }  // namespace brevant

@@ -57,7 +57,4 @@ class BrevantClient : public QObject {
   Options options_;
 };
 
-// $BREVANT, else the program beside this one, else the one on PATH.
-[[nodiscard]] QString findBrevant();
-
 }  // namespace brevant

@@ -1,3 +1,4 @@
+#include <csignal>
 #include <cstdio>
 
 #include "desktop/host.h"
@@ -6,6 +7,8 @@
 #include "desktop/translate.h"
 
 int main(int argc, char** argv) {
+  // A limit on files is an error of the write that meets it, to be told like any other.
+  std::signal(SIGXFSZ, SIG_IGN);
   QStringList arguments;
   for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
   const auto parsed = brevant::parseOptions(arguments);

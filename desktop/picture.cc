@@ -1,6 +1,7 @@
 #include "desktop/picture.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QDateTime>
 #include <QFontMetrics>
 #include <QImage>
@@ -12,6 +13,7 @@
 
 #include "desktop/brevant_client.h"
 #include "desktop/fonts.h"
+#include "desktop/programs.h"
 #include "desktop/translate.h"
 
 namespace brevant {
@@ -90,10 +92,17 @@ QImage rendered(QWidget& card, double scale) {
   return image;
 }
 
+// Encoded first, so that what is left to fail is the file alone.
 bool save(const QImage& image, const QString& name, QString& error) {
+  QByteArray png;
+  QBuffer encoded(&png);
   QSaveFile file(name);
-  const bool saved = file.open(QIODevice::WriteOnly) && image.save(&file, "PNG") && file.commit();
-  if (!saved) error = u"%1: %2"_s.arg(name, file.errorString());
+  bool saved = image.save(&encoded, "PNG") && file.open(QIODevice::WriteOnly) &&
+               file.write(png) == png.size() && file.flush();
+  // At a full disk or a limit the toolkit takes a part that was written for the whole.
+  const bool isCut = saved && file.size() != png.size();
+  saved = saved && !isCut && file.commit();
+  if (!saved) error = name + u": "_s + (isCut ? u"there is no room for it"_s : file.errorString());
   return saved;
 }
 

@@ -4,6 +4,8 @@
 #include <csignal>
 #include <sys/prctl.h>
 
+#include "desktop/programs.h"
+
 namespace brevant {
 
 using namespace Qt::Literals::StringLiterals;
@@ -48,6 +50,7 @@ RemindersChild::~RemindersChild() {
 
 void RemindersChild::start() {
   alive_.start();
+  if (!canRun(process_.program())) return takeEnd();
   process_.start(QIODevice::ReadOnly);
 }
 

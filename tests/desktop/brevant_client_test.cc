@@ -1,8 +1,9 @@
 #include "desktop/brevant_client.h"
 
-#include <QElapsedTimer>
+#include <QDir>
 #include <gmock/gmock.h>
 
+#include "desktop/reminders_child.h"
 #include "fake_brevant.h"
 
 namespace brevant {
@@ -29,7 +30,7 @@ TEST(BrevantClient, TellsApartWaysToEnd) {
   } kCases[] = {
       {"echo '{\"a\":1}'; exit 0", Outcome::kDone, ""},
       {"echo null; exit 0", Outcome::kDone, ""},
-      {"echo noise >&2; echo 'no such activity' >&2; exit 1", Outcome::kNotDone,
+      {"echo noise >&2; echo 'brevant: no such activity' >&2; exit 1", Outcome::kNotDone,
        "no such activity"},
       {"exit 1", Outcome::kNotDone, "not done"},
       {"exit 2", Outcome::kFailed, "code 2"},
@@ -67,9 +68,26 @@ TEST(BrevantClient, KillsWhatHangs) {
   }
 }
 
-TEST(BrevantClient, SurvivesAMissingProgram) {
-  BrevantClient::Options options = FakeBrevant().options().client;
-  EXPECT_THAT(askOnce(options).error.toStdString(), testing::HasSubstr("could not be started"));
+// Asked again for days, a program that is gone or damaged must not use up the descriptors.
+TEST(BrevantClient, SurvivesAProgramThatCannotBeStarted) {
+  FakeBrevant fake;
+  BrevantClient::Options plain = fake.options().client, missing = plain, nameless = plain;
+  plain.program = fake.container() + u"/plain"_s;
+  writeFile(plain.program, "#!/bin/sh\n");
+  missing.program = fake.container() + u"/missing"_s;
+  nameless.program = u"no-such-program-on-the-path"_s;
+  const auto descriptors = [] {
+    return QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size();
+  };
+  for (const auto& options : {plain, missing, nameless}) {
+    const RemindersChild child(options, RetryPauses(1ms, 1ms));
+    askOnce(options);
+    const auto before = descriptors();
+    for (int i = 0; i < 3; ++i)
+      EXPECT_EQ(askOnce(options).error, options.program + u" could not be started"_s);
+    letPass(20);
+    EXPECT_EQ(descriptors(), before) << options.program.toStdString();
+  }
 }
 
 TEST(BrevantClient, SaysNothingToThoseWhoAreGone) {

@@ -12,6 +12,7 @@
 
 #include "desktop/brevant_client.h"
 #include "desktop/control.h"
+#include "desktop/programs.h"
 #include "desktop/surface.h"
 #include "desktop/text_view.h"
 #include "tests/desktop/drawn.h"

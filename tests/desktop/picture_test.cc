@@ -1,7 +1,9 @@
 // The real program, drawing what a played `brevant` says.
 #include <QFile>
 #include <QImage>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "tests/desktop/drawn.h"
 #include "tests/desktop/fake_brevant.h"
@@ -83,22 +85,17 @@ TEST_F(PictureTest, SaysInOneLineWhyThereIsNone) {
       {u"--picture"_s, u"small"_s, u"-o"_s, folder_.filePath(u"no/such/folder.png"_s)});
   EXPECT_EQ(unwritable.exitCode, 1);
   EXPECT_EQ(unwritable.error.count(u'\n'), 1);
-}
 
-TEST_F(PictureTest, RefusesWrongUsageBeforeAnythingRuns) {
-  const QStringList wrong[] = {
-      {u"--picture"_s, u"large"_s, u"-o"_s, file()},
-      {u"--picture"_s, u"small"_s},
-      {u"--picture"_s, u"small"_s, u"-o"_s, file(), u"--scale"_s, u"4"_s},
-      {u"--picture"_s, u"small"_s, u"-o"_s, file(), u"--now"_s, u"soon"_s},
-      {u"--picture"_s, u"small"_s, u"-o"_s, file(), u"--color-scheme"_s, u"blue"_s},
-      {u"--picture"_s, u"small"_s, u"-o"_s, file(), u"--frobnicate"_s},
-      {u"--picture"_s, u"small"_s, u"-o"_s, file(), u"more"_s},
-  };
-  for (const QStringList& arguments : wrong) {
-    EXPECT_EQ(brevant_.runHost(arguments).exitCode, 2) << arguments.join(u' ').toStdString();
-  }
-  EXPECT_TRUE(brevant_.calls(u"timeline"_s).isEmpty());
+  ::rlimit before;
+  ::getrlimit(RLIMIT_FSIZE, &before);
+  const ::rlimit tiny{400, before.rlim_max};  // a part of the picture fits
+  ::setrlimit(RLIMIT_FSIZE, &tiny);
+  std::signal(SIGXFSZ, SIG_DFL);
+  const auto tooLarge = draw(u"small"_s);
+  ::setrlimit(RLIMIT_FSIZE, &before);
+  EXPECT_EQ(tooLarge.exitCode, 1) << "a limit on files is an error, no death";
+  EXPECT_EQ(tooLarge.error.count(u'\n'), 1);
+  EXPECT_FALSE(QFile::exists(file()));
 }
 
 }  // namespace

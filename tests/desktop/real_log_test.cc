@@ -8,6 +8,7 @@
 
 #include "desktop/control.h"
 #include "desktop/desk.h"
+#include "desktop/programs.h"
 #include "fake_brevant.h"
 
 // The host with the real program on a real log.
