@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdio>
 
+#include "desktop/autostart.h"
 #include "desktop/link_opener.h"
 #include "desktop/spoken.h"
 #include "desktop/translate.h"
@@ -121,6 +122,10 @@ void Desk::connectMenu(HostMenu& menu) {
     for (CardWindow* window : windows_) window->setOnTop(onTop);
     showMenus();
   });
+  connect(&menu, &HostMenu::startAtLoginToggled, this, [this](bool wanted) {
+    if (!setStartsAtLogin(wanted)) say(translate("The start at login could not be changed"));
+    showMenus();
+  });
   connect(&menu, &HostMenu::folderAsked, this, &Desk::folderAsked);
   connect(&menu, &HostMenu::quitAsked, this, &Desk::quitAsked);
 }
@@ -162,8 +167,8 @@ void Desk::showLive() {
 }
 
 void Desk::showMenus() {
-  MenuState state{headline(), model_.running(),      model_.paused(), model_.categories(),
-                  {},         preferences_.isOnTop()};
+  MenuState state{headline(), model_.running(),       model_.paused(),         model_.categories(),
+                  {},         preferences_.isOnTop(), brevant::startsAtLogin()};
   for (const CardWindow* window : windows_)
     if (window->isWanted()) state.wanted.push_back(window->kind());
   menu_.show(state);

@@ -11,6 +11,8 @@
 #include <cstring>
 
 #include "desktop/card_accessible.h"
+#include "desktop/notify.h"
+#include "desktop/programs.h"
 #include "desktop/translate.h"
 #include "desktop/unix_signals.h"
 
@@ -69,17 +71,18 @@ double systemTime() {
   return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
 }
 
-// The host that shows the container sees by itself what has changed; only a failure it has to say,
-// since whoever started this from a menu sees nothing else of it.
-int runAction(int argc, char** argv, const Options& options) {
+// The host that shows the container sees by itself what has changed; only a failure has to be said,
+// since whoever started this from a menu or a link sees nothing else of it.
+int runCommand(int argc, char** argv, const Options& options) {
   const QCoreApplication app(argc, argv);
   const Preferences preferences(Preferences::defaultFile());
   const BrevantClient::Options clientOptions = clientFor(options, preferences);
   BrevantClient client(clientOptions);
-  client.perform({*options.action}, &client, [&](const Answer& answer) {
+  client.perform(options.command, &client, [&](const Answer& answer) {
     if (answer.outcome == Answer::Outcome::kDone) return QCoreApplication::exit(0);
     std::fprintf(stderr, "brevant-desktop: %s\n", qPrintable(answer.error));
-    SingleInstance::tell(clientOptions.container, kSay + answer.error.toUtf8());
+    if (!notify(answer.error))
+      SingleInstance::tell(clientOptions.container, kSay + answer.error.toUtf8());
     QCoreApplication::exit(1);
   });
   return QCoreApplication::exec();
@@ -229,7 +232,7 @@ DrawingContext Host::drawing() const {
 }
 
 int runHost(int argc, char** argv, const Options& options) {
-  if (options.action) return runAction(argc, argv, options);
+  if (!options.command.isEmpty()) return runCommand(argc, argv, options);
   if (!hasDisplay()) {
     std::fprintf(stderr, "brevant-desktop: there is no display; try brevant picture\n");
     return 1;

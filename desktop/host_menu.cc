@@ -125,17 +125,22 @@ void HostMenu::addCategories(QMenu& menu, const Children& children, const QStrin
 
 void HostMenu::addWindows(const MenuState& state) {
   for (const WindowKind kind : kAllWindows) {
-    QAction* action = addAction(titleOf(kind));
-    action->setCheckable(true);
-    action->setChecked(std::find(state.wanted.begin(), state.wanted.end(), kind) !=
-                       state.wanted.end());
-    connect(action, &QAction::triggered, this,
+    const bool isWanted =
+        std::find(state.wanted.begin(), state.wanted.end(), kind) != state.wanted.end();
+    connect(addChoice(titleOf(kind), isWanted), &QAction::triggered, this,
             [this, kind](bool wanted) { Q_EMIT windowToggled(kind, wanted); });
   }
-  QAction* onTop = addAction(translate("Always on top"));
-  onTop->setCheckable(true);
-  onTop->setChecked(state.onTop);
-  connect(onTop, &QAction::triggered, this, &HostMenu::onTopToggled);
+  connect(addChoice(translate("Always on top"), state.onTop), &QAction::triggered, this,
+          &HostMenu::onTopToggled);
+  connect(addChoice(translate("Start at login"), state.startsAtLogin), &QAction::triggered, this,
+          &HostMenu::startAtLoginToggled);
+}
+
+QAction* HostMenu::addChoice(const QString& title, bool isChosen) {
+  QAction* choice = addAction(title);
+  choice->setCheckable(true);
+  choice->setChecked(isChosen);
+  return choice;
 }
 
 }  // namespace brevant

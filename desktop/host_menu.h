@@ -17,7 +17,7 @@ struct MenuState {
   QString headline;  // the running activity
   QJsonArray running, paused, categories;
   std::vector<WindowKind> wanted;
-  bool onTop = false;
+  bool onTop = false, startsAtLogin = false;
 };
 
 // The menu of the tray icon and of every window: what runs, the ways to pause, stop, resume and
@@ -38,6 +38,7 @@ class HostMenu : public QMenu {
   void runAsked(const QStringList& arguments);
   void windowToggled(brevant::WindowKind kind, bool wanted);
   void onTopToggled(bool onTop);
+  void startAtLoginToggled(bool wanted);
   void folderAsked();
   void quitAsked();
 
@@ -49,6 +50,7 @@ class HostMenu : public QMenu {
   void addStart(const QJsonArray& categories);
   void addCategories(QMenu& menu, const Children& children, const QString& parentGuid, int depth);
   void addWindows(const MenuState& state);
+  QAction* addChoice(const QString& title, bool isChosen);
 
   QAction* headline_ = nullptr;
   std::optional<MenuState> waiting_;

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <utility>
 
+#include "desktop/programs.h"
 #include "desktop/translate.h"
 
 namespace brevant {
@@ -13,11 +14,17 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-// What the handler of our own links says, among what the helper says of its search for one.
+constexpr auto kHelper = "xdg-open"_L1;
+
+QString nothingOpensIt() {
+  return translate("Nothing here opens this link");
+}
+
+// Nothing where the handler of our own links failed: it has told people itself.
 QString reasonIn(const QString& errors) {
   for (const QString& line : errors.split(u'\n'))
-    if (line.startsWith("brevant: "_L1)) return line;
-  return translate("Nothing here opens this link");
+    if (line.startsWith("brevant-desktop: "_L1)) return {};
+  return nothingOpensIt();
 }
 
 }  // namespace
@@ -25,23 +32,19 @@ QString reasonIn(const QString& errors) {
 // Not QDesktopServices, which only knows whether the helper could be started.
 void openLink(const QString& destination, QObject* receiver,
               std::function<void(const QString& failure)> done) {
+  if (!canRun(kHelper)) {
+    const auto tell = [done = std::move(done)] { done(nothingOpensIt()); };
+    QMetaObject::invokeMethod(receiver, tell, Qt::QueuedConnection);
+    return;
+  }
   auto* helper = new QProcess(QCoreApplication::instance());
   helper->setStandardOutputFile(QProcess::nullDevice());
-  const auto failedToStart = [helper] { return helper->error() == QProcess::FailedToStart; };
-  const auto tell = [=, done = std::move(done)] {
-    const bool worked =
-        !failedToStart() && helper->exitStatus() == QProcess::NormalExit && helper->exitCode() == 0;
+  QObject::connect(helper, &QProcess::finished, receiver, [=, done = std::move(done)] {
+    const bool worked = helper->exitStatus() == QProcess::NormalExit && helper->exitCode() == 0;
     done(worked ? QString() : reasonIn(QString::fromUtf8(helper->readAllStandardError())));
-  };
-  QObject::connect(helper, &QProcess::finished, receiver, tell);
+  });
   QObject::connect(helper, &QProcess::finished, helper, &QObject::deleteLater);
-  QObject::connect(helper, &QProcess::errorOccurred, receiver, [=] {
-    if (failedToStart()) tell();
-  });
-  QObject::connect(helper, &QProcess::errorOccurred, helper, [=] {
-    if (failedToStart()) helper->deleteLater();
-  });
-  helper->start(u"xdg-open"_s, {destination}, QIODevice::ReadOnly);
+  helper->start(kHelper, {destination}, QIODevice::ReadOnly);
 }
 
 }  // namespace brevant

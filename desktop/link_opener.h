@@ -7,8 +7,8 @@
 namespace brevant {
 
 // Has the desktop open a link with whatever is made for its kind, and tells the receiver whether
-// that worked: `failure` is one line for people, or empty. Nothing is told once the receiver is
-// gone, nor while what has opened the link is still at it.
+// that worked: `failure` is one line for people, or empty, also where they know already. Nothing is
+// told once the receiver is gone, nor while what has opened the link is still at it.
 void openLink(const QString& destination, QObject* receiver,
               std::function<void(const QString& failure)> done);
 

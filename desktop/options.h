@@ -20,7 +20,7 @@ struct Options {
   };
 
   std::optional<Picture> picture;
-  std::optional<QString> action;           // to have done, and end: "pause", "stop" or "resume"
+  QStringList command;                     // for `brevant` to do, and end; empty: none
   std::optional<ColorScheme> colorScheme;  // absent: the desktop's, or light for a picture
   std::optional<double> now;               // the clock stands still there
   QStringList forBrevant;                  // the global options, to be handed on to `brevant`

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "desktop/autostart.h"
 #include "desktop/translate.h"
 #include "desktop/tray.h"
 
@@ -41,7 +42,9 @@ QLabel* makeIcon() {
 }  // namespace
 
 StartWindow::StartWindow(const QString& container)
-    : sample_(translate("Make a sample log")), choose_(translate("Choose a folder…")) {
+    : sample_(translate("Make a sample log")),
+      choose_(translate("Choose a folder…")),
+      atLogin_(translate("Start at login")) {
   setWindowTitle(translate("Welcome to Brevant"));
   setWindowIcon(programIcon());
   failure_.setWordWrap(true);
@@ -61,6 +64,7 @@ StartWindow::StartWindow(const QString& container)
           .arg(QDir::toNativeSeparators(container))));
   layout->addWidget(&failure_);
   auto* buttons = new QHBoxLayout;
+  buttons->addWidget(&atLogin_);
   buttons->addStretch();
   buttons->addWidget(&choose_);
   buttons->addWidget(&sample_);
@@ -69,6 +73,12 @@ StartWindow::StartWindow(const QString& container)
   connect(&sample_, &QPushButton::clicked, this, [this] {
     sample_.setEnabled(false);
     Q_EMIT sampleAsked();
+  });
+  atLogin_.setChecked(startsAtLogin());
+  connect(&atLogin_, &QCheckBox::clicked, this, [this](bool wanted) {
+    if (setStartsAtLogin(wanted)) return;
+    atLogin_.setChecked(startsAtLogin());
+    sayFailure(translate("The start at login could not be changed"));
   });
   connect(&choose_, &QPushButton::clicked, this, &StartWindow::folderAsked);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QLabel>
 #include <QPushButton>
@@ -29,6 +30,7 @@ class StartWindow : public QWidget {
  private:
   QLabel failure_;
   QPushButton sample_, choose_;
+  QCheckBox atLogin_;
 };
 
 // Lets people choose a folder. Not yet open; once it is, it deletes itself when it is closed.

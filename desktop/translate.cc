@@ -1,6 +1,8 @@
 #include "desktop/translate.h"
 
+#include <QFile>
 #include <QFileInfo>
+#include <QStringList>
 #include <clocale>
 #include <libintl.h>
 
@@ -27,6 +29,34 @@ QByteArray localeFolder() {
   return beside.isDir() ? beside.canonicalFilePath().toLocal8Bit() : QByteArray(BREVANT_LOCALE_DIR);
 }
 
+// Most wanted first: a list of languages counts before the locale, except in the plain C locale.
+QStringList wantedLocales() {
+  const QString name = localeOfEnvironment();
+  if (name == "C"_L1 || name == "POSIX"_L1) return {};
+  return qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts) << name;
+}
+
+// "de_DE.UTF-8@euro" is "de_DE" to Qt.
+QString withoutEncoding(const QString& name) {
+  return name.section(u'.', 0, 0).section(u'@', 0, 0);
+}
+
+bool hasTranslation(const QString& name) {
+  const QString locale = withoutEncoding(name);
+  for (const QString& language : {locale, locale.section(u'_', 0, 0)}) {
+    const QString file = u"/%1/LC_MESSAGES/%2.mo"_s.arg(language, QLatin1StringView(kDomain));
+    if (QFileInfo::exists(QFile::decodeName(localeFolder()) + file)) return true;
+  }
+  return false;
+}
+
+// English last: some texts are keys, which are not meant to be seen.
+QString messagesName() {
+  for (const QString& name : wantedLocales())
+    if (hasTranslation(name)) return withoutEncoding(name);
+  return u"en"_s;
+}
+
 }  // namespace
 
 QString translate(const char* text) {
@@ -41,25 +71,16 @@ QString translatePlural(const char* one, const char* many, int count) {
 }
 
 QLocale messagesLocale() {
-  QString name = localeOfEnvironment();
-  // The C library's rule: the list of languages counts, except in the plain C locale.
-  const bool plain = name == "C"_L1 || name == "POSIX"_L1;
-  const QString languages = qEnvironmentVariable("LANGUAGE");
-  if (!plain && !languages.isEmpty()) name = languages.section(QLatin1Char(':'), 0, 0);
-  // "de_DE.UTF-8@euro" is "de_DE" to Qt.
-  name = name.section(QLatin1Char('.'), 0, 0).section(QLatin1Char('@'), 0, 0);
-  const QLocale locale(name);
-  return locale.language() == QLocale::C ? QLocale(QLocale::English) : locale;
+  return QLocale(messagesName());
 }
 
+// The C library would ignore a language whose locale is not installed, and any in the plain C
+// locale; the one of plain letters takes the list of languages as it is.
 void useMessagesOfEnvironment() {
-  // A locale that is not installed still names a language that may have a translation; the C
-  // library would only look for it in the list of languages.
-  if (!std::setlocale(LC_MESSAGES, "")) {
+  const QByteArray languages = messagesName().toLocal8Bit() + ":en";
+  if (!std::setlocale(LC_MESSAGES, "") || wantedLocales().isEmpty())
     std::setlocale(LC_MESSAGES, "C.UTF-8");
-    if (qEnvironmentVariableIsEmpty("LANGUAGE"))
-      qputenv("LANGUAGE", localeOfEnvironment().section(u'.', 0, 0).toLocal8Bit());
-  }
+  qputenv("LANGUAGE", languages);
   bindtextdomain(kDomain, localeFolder().constData());
   bind_textdomain_codeset(kDomain, "UTF-8");
 }

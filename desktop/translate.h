@@ -11,8 +11,8 @@ namespace brevant {
 // The form for that many, in which %1 has become the number.
 [[nodiscard]] QString translatePlural(const char* one, const char* many, int count);
 
-// The locale of the user's messages: what LANGUAGE, LC_ALL, LC_MESSAGES and LANG say, in the order
-// in which the translations are chosen. English where they say nothing.
+// The locale of the user's messages: of what LANGUAGE, LC_ALL, LC_MESSAGES and LANG name the first
+// that there is a translation for, so that texts and layout agree. English where there is none.
 [[nodiscard]] QLocale messagesLocale();
 
 // Chooses the language of translate() from the environment; once, before anything is drawn.

@@ -10,9 +10,9 @@ _brevant_desktop() {
     --do) words='pause stop resume' ;;
     --picture) words='small medium lock-screen island-compact island-minimal island-expanded' ;;
     --scale) words='1 1.5 2 3' ;;
-    --now | --system-version) return ;;
-    *) words='--picture --output --scale --do --container --now --system-version --color-scheme
-        --ios-app-on-mac --help' ;;
+    --now | --open | --system-version) return ;;
+    *) words='--picture --output --scale --do --open --container --now --system-version --color-scheme
+        --ios-app-on-mac --help --version' ;;
     esac
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
 }

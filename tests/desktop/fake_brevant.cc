@@ -20,6 +20,7 @@ cd "${0%/*}" || exit 3
 while :; do
   case $1 in
     --json) shift ;;
+    --container) container=$2; shift 2 ;;
     --*) shift 2 ;;
     *) break ;;
   esac
@@ -44,7 +45,8 @@ FakeBrevant::FakeBrevant() {
   answer(u"status"_s, R"({"running":[],"paused":[]})");
   answer(u"categories"_s, "[]");
   answer(u"live list"_s, "[]");
-  for (const auto& action : {u"intent"_s, u"pause"_s, u"stop"_s, u"resume"_s, u"start"_s})
+  for (const auto& action :
+       {u"intent"_s, u"pause"_s, u"stop"_s, u"resume"_s, u"start"_s, u"open"_s})
     answer(action, "{}");
 }
 
@@ -76,7 +78,7 @@ FakeBrevant::HostRun FakeBrevant::runHost(const QStringList& arguments) const {
   QProcess process;
   process.setProcessEnvironment(environment);
   process.start(QCoreApplication::applicationDirPath() + u"/brevant-desktop"_s, arguments);
-  EXPECT_TRUE(process.waitForFinished());
+  EXPECT_TRUE(waitUntil([&] { return process.state() == QProcess::NotRunning; }));
   EXPECT_EQ(process.readAllStandardOutput(), "");
   return {process.exitCode(), QString::fromUtf8(process.readAllStandardError())};
 }

@@ -55,7 +55,8 @@ TEST(HostMenu, OffersWhatCanBeDone) {
   EXPECT_EQ(pathsOf(menu).join(u", "_s).toStdString(),
             "Tea && cake, 5 minutes, Pause, Stop, Resume Work, Resume Sleep, "
             "Start>Sport>Water>Swim, Start>Read, Small widget, Medium widget, "
-            "Live Activity banner, Dynamic Island, Always on top, Choose a folder…, Quit");
+            "Live Activity banner, Dynamic Island, Always on top, Start at login, Choose a "
+            "folder…, Quit");
   EXPECT_TRUE(find(menu, u"Dynamic Island"_s)->isChecked());
   EXPECT_FALSE(find(menu, u"Small widget"_s)->isChecked());
 

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include "fake_brevant.h"
+#include "private_bus.h"
 
 namespace brevant {
 namespace {
@@ -26,6 +27,27 @@ TEST(HostTest, AnActionIsDoneAndAnsweredWhateverTheHostIsAt) {
   EXPECT_EQ(failed.error, u"brevant-desktop: nothing runs\n"_s);
   ASSERT_TRUE(waitUntil([&] { return !words.isEmpty(); }));
   EXPECT_EQ(words.first().first().toByteArray(), "say nothing runs") << "people look there";
+}
+
+// With the log that was chosen in the host, and nobody there to see what is printed.
+TEST(HostTest, ALinkIsFollowedInTheChosenLogAndItsFailureShown) {
+  FakeBrevant fake;
+  PrivateBus desktop(u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s);
+  desktop.reply = 1u;
+  const QByteArray bus = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+  qputenv("DBUS_SESSION_BUS_ADDRESS", desktop.address().toUtf8());
+  Preferences(Preferences::defaultFile()).setContainer(fake.container());
+  const QStringList open{u"--open"_s, u"brevant:///widget?a=<b>"_s};
+  EXPECT_EQ(fake.runHost(open).exitCode, 0);
+  EXPECT_EQ(fake.calls(u"open"_s), QStringList{u"open -- brevant:///widget?a=<b>"_s});
+  EXPECT_TRUE(desktop.calls().empty());
+
+  fake.misbehave("echo \"brevant: $container has no <b>\" >&2; exit 1");
+  EXPECT_EQ(fake.runHost(open).exitCode, 1);
+  ASSERT_EQ(desktop.calls().size(), 1U);
+  EXPECT_EQ(desktop.calls().front().value(4), fake.container() + u" has no &lt;b&gt;"_s);
+  Preferences(Preferences::defaultFile()).setContainer({});
+  qputenv("DBUS_SESSION_BUS_ADDRESS", bus);
 }
 
 TEST(HostTest, TheWelcomeAsksForAFolderOnceAndSaysWhatItIsTold) {

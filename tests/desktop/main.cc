@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "desktop/card_accessible.h"
+#include "desktop/translate.h"
 
 // The tests run without a display, in English, in UTC, and with folders of their own, so that no
 // choice and no log of whoever runs them plays a part.
@@ -18,6 +19,7 @@ int main(int argc, char** argv) {
   qputenv("TZ", "UTC");
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleMock(&argc, argv);
+  brevant::useMessagesOfEnvironment();
   const QApplication app(argc, argv);
   brevant::installCardAccessibility();
   return RUN_ALL_TESTS();

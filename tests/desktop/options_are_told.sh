@@ -5,7 +5,6 @@ set -euo pipefail
 failed=0
 for option in $("$1" --help | grep -oE -- '^ +(-[a-z], )?--[a-z-]+' | grep -oE -- '--[a-z-]+'); do
     told() { grep -qE -e "$1" "$2" || { echo "$2 lacks $option" && failed=1; }; }
-    [ "$option" != --help-all ] || continue # of the toolkit
     told "Fl -${option#--}( |\$)" "$2/man/brevant-desktop.1"
     told "$option([ ']|\$)" "$2/completions/brevant-desktop.bash"
     told "$option[})[]" "$2/completions/_brevant-desktop"

@@ -30,7 +30,7 @@ TEST(Spoken, ReadsDurationsAsPeopleSayThem) {
 TEST(Spoken, NamesEverythingOrNothingThatRuns) {
   const double now = 1'700'000'000;
   EXPECT_EQ(spokenEntry({{u"name"_s, QString()}, {u"start"_s, now}}, now),
-            u"complication.no_running"_s);
+            u"No running activity"_s);
   // A content state counts from 2001.
   const QJsonObject state{{u"typeName"_s, u"Sport"_s}, {u"start"_s, now - 978307200 - 60}};
   const QJsonObject presentation{{u"contentState"_s, state}};

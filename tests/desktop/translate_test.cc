@@ -33,19 +33,22 @@ TEST(Translate, SpeaksTheEnvironmentsLanguageInstalledOrNot) {
   const struct {
     std::map<const char*, const char*> environment;
     QString pause;
-    Qt::LayoutDirection direction;
+    QLocale::Language language;
   } kCases[] = {
-      {{}, u"Pause"_s, Qt::LeftToRight},
-      {{{"LC_ALL", "C.UTF-8"}, {"LANGUAGE", "ar"}}, u"إيقاف مؤقت"_s, Qt::RightToLeft},
-      {{{"LANG", "ar_XX.UTF-8"}}, u"إيقاف مؤقت"_s, Qt::RightToLeft},
-      {{{"LANG", "de_XX.UTF-8@euro"}}, u"Pausieren"_s, Qt::LeftToRight},
-      {{{"LANG", "ar_XX.UTF-8"}, {"LANGUAGE", "de"}}, u"Pausieren"_s, Qt::LeftToRight},
-      {{{"LC_ALL", "C"}, {"LANGUAGE", "ar"}}, u"Pause"_s, Qt::LeftToRight},
+      {{}, u"Pause"_s, QLocale::English},
+      {{{"LC_ALL", "C.UTF-8"}, {"LANGUAGE", "ar"}}, u"إيقاف مؤقت"_s, QLocale::Arabic},
+      {{{"LANG", "ar_XX.UTF-8"}}, u"إيقاف مؤقت"_s, QLocale::Arabic},
+      {{{"LANG", "de_XX.UTF-8@euro"}}, u"Pausieren"_s, QLocale::German},
+      {{{"LANG", "ar_XX.UTF-8"}, {"LANGUAGE", "de"}}, u"Pausieren"_s, QLocale::German},
+      {{{"LC_ALL", "C"}, {"LANGUAGE", "ar"}}, u"Pause"_s, QLocale::English},
+      {{{"LANG", "he_IL.UTF-8"}}, u"Pause"_s, QLocale::English},
+      {{{"LANG", "C.UTF-8"}, {"LANGUAGE", "he:de_AT:ar"}}, u"Pausieren"_s, QLocale::German},
   };
-  for (const auto& [environment, pause, direction] : kCases) {
+  for (const auto& [environment, pause, language] : kCases) {
     const Environment set(environment);
     EXPECT_EQ(translate("Pause"), pause);
-    EXPECT_EQ(messagesLocale().textDirection(), direction) << qPrintable(pause);
+    EXPECT_EQ(messagesLocale().language(), language) << qPrintable(pause);
+    EXPECT_NE(translate("complication.no_running"), u"complication.no_running"_s);
   }
 }
 

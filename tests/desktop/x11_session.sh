@@ -160,13 +160,13 @@ until_true "and is on every workspace again" is_fixture "$(window "Dynamic Islan
 "$BREVANT" live end "$id"
 until_true "it goes again" is_hidden "Dynamic Island"
 
-# --- Always on top: the third from the end of the menu
+# --- Always on top: the fourth from the end of the menu
 
 toggle_on_top() {
     point_at "$(tray_icon)" 8 8
     xdotool click 3
     sleep 1
-    xdotool key Up Up Up Return
+    xdotool key Up Up Up Up Return
 }
 toggle_on_top
 until_true "the widget is kept above others" has_state "$medium" ABOVE
