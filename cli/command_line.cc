@@ -2,9 +2,9 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cstdio>
-#include <sstream>
 
+#include "cli/standard_streams.h"
+#include "cli/usage_text.h"
 #include "cli/values.h"
 
 namespace brevant {
@@ -13,7 +13,8 @@ namespace {
 using OptionalText = std::optional<std::string>;
 
 // `contract` grows when a key of an answer is taken away or changes its meaning.
-constexpr const char* kVersionJson = R"({"version":")" BREVANT_VERSION R"(","contract":1})";
+constexpr const char* kVersionJson = R"({"version":")" BREVANT_VERSION R"(","contract":1})"
+                                     "\n";
 
 // Adds an option or a positional whose text `take` turns into a value; it answers false for a text
 // that is none.
@@ -27,34 +28,25 @@ CLI::Option* add(CLI::App& app, const std::string& name, const std::string& help
       help);
 }
 
-// Required where it is a word in its place; options of that kind say so themselves.
 bool isPositional(const std::string& name) {
   return !name.starts_with('-');
 }
 
-std::string usageError(std::string_view what) {
-  return "brevant: " + std::string(what) + " (brevant --help tells the usage)\n";
-}
-
-// An option given an empty value, as by a variable that is not set, in two words: the parser would
-// take the next word for the value.
-std::vector<std::string> withEmptyValues(const std::vector<std::string>& arguments) {
-  std::vector<std::string> words;
-  for (const std::string& argument : arguments) {
-    if (argument.starts_with("--") && argument.find('=') == argument.size() - 1) {
-      words.push_back(argument.substr(0, argument.size() - 1));
-      words.emplace_back();
-    } else {
-      words.push_back(argument);
-    }
-  }
-  return words;
-}
-
-std::string joined(const std::vector<std::string>& words) {
+std::string joined(const std::vector<std::string>& words, const char* between) {
   std::string text;
-  for (const std::string& word : words) text += (text.empty() ? "" : "|") + word;
+  for (const std::string& word : words) text += (text.empty() ? "" : between) + word;
   return text;
+}
+
+ExitCode refuseUsage(std::string_view what, const LineWalk& walk) {
+  writeMessage(std::string(what) + helpHint(walk));
+  return ExitCode::kWrongUsage;
+}
+
+ExitCode answer(std::string_view text) {
+  if (writeAnswer(text)) return ExitCode::kDone;
+  writeMessage("the answer could not be written");
+  return ExitCode::kNotDone;
 }
 
 }  // namespace
@@ -70,10 +62,13 @@ Value<bool> Command::flag(const std::string& name, const std::string& help) cons
 Value<std::string> Command::text(const std::string& name, const std::string& help) const {
   auto value = std::make_shared<std::string>();
   if (app_ == nullptr) return value;
-  add(*app_, name, help, [value](const std::string& text) {
-    *value = text;
-    return true;
-  })->required();
+  add(*app_, name, help,
+      [value](const std::string& text) {
+        *value = text;
+        return true;
+      })
+      ->required()
+      ->type_name(isPositional(name) ? "" : "TEXT");
   return value;
 }
 
@@ -91,14 +86,11 @@ Value<std::string> Command::word(const std::string& name, const std::string& hel
                                  const std::vector<std::string>& words) const {
   auto value = std::make_shared<std::string>();
   if (app_ == nullptr) return value;
-  add(*app_, name, help,
-      [value](const std::string& text) {
-        *value = text;
-        return true;
-      })
-      ->required()
-      ->check(CLI::IsMember(words))
-      ->type_name(joined(words));
+  CLI::Option* option = add(*app_, name, help, [value](const std::string& text) {
+    *value = text;
+    return true;
+  });
+  line_->allowOnly(*option->required(), words);
   return value;
 }
 
@@ -106,13 +98,11 @@ Value<OptionalText> Command::optionalWord(const std::string& name, const std::st
                                           const std::vector<std::string>& words) const {
   auto value = std::make_shared<OptionalText>();
   if (app_ == nullptr) return value;
-  add(*app_, name, help,
-      [value](const std::string& text) {
-        *value = text;
-        return true;
-      })
-      ->check(CLI::IsMember(words))
-      ->type_name(joined(words));
+  CLI::Option* option = add(*app_, name, help, [value](const std::string& text) {
+    *value = text;
+    return true;
+  });
+  line_->allowOnly(*option, words);
   return value;
 }
 
@@ -130,13 +120,25 @@ Value<std::uint64_t> Command::number(const std::string& name, const std::string&
   return value;
 }
 
-void Command::allow(Options count) const {
-  if (app_ != nullptr) app_->require_option(count == Options::kExactlyOne ? 1 : 0, 1);
+void Command::needsOneOption() const {
+  if (app_ != nullptr) app_->require_option(1);
 }
 
-void Command::run(std::function<ExitCode(Context&)> action) const {
+void Command::exclude(const std::string& one, const std::string& other) const {
+  if (app_ != nullptr) app_->get_option(one)->excludes(app_->get_option(other));
+}
+
+void Command::run(Action action) const {
   if (app_ == nullptr) return;
   app_->callback([line = line_, action = std::move(action)] { line->action_ = action; });
+}
+
+void Command::query(Action action) const {
+  if (app_ == nullptr) return;
+  app_->callback([line = line_, action = std::move(action)] {
+    line->action_ = action;
+    line->options_.onlyAsks = true;
+  });
 }
 
 Command Command::command(const std::string& name, const std::string& summary,
@@ -149,17 +151,19 @@ CommandLine::CommandLine(std::span<const char* const> arguments)
     : arguments_(arguments.begin(), arguments.end()),
       app_(std::make_unique<CLI::App>(
           "See what a personal time tracker is recording, and pause, stop or start it.",
-          "brevant")),
-      wantsHelp_(mentions("--help") || mentions("-h")) {
-  // None at all is told after the parse, lest it hide the error that names an unknown word.
+          "brevant")) {
   app_->require_subcommand(0, 1);
   app_->fallthrough();
-  app_->failure_message(
-      [](const CLI::App*, const CLI::Error& error) { return usageError(error.what()); });
-  app_->footer("Example:\n  brevant status\n\nbrevant COMMAND --help tells more about a command.");
-  app_->set_version_flag("--version",
-                         mentions("--json") ? kVersionJson : "brevant " BREVANT_VERSION);
+  app_->formatter(makeHelpFormatter());
+  app_->footer(
+      "Example:\n  brevant status\n\n"
+      "Words after -- are no options: brevant start -- -x\n"
+      "brevant help COMMAND tells more about a command.");
+  app_->set_version_flag("--version", "brevant " BREVANT_VERSION);
   addGlobalOptions();
+  const LineWalk walk = walkLine(*app_, arguments_);
+  namesNoCommand_ = !walk.stray && walk.open == nullptr && !walk.help && !walk.has("--version");
+  if (namesNoCommand_) arguments_.emplace_back(kStatusCommand);
 }
 
 CommandLine::~CommandLine() = default;
@@ -183,12 +187,25 @@ void CommandLine::addGlobalOptions() {
         return isVersion(text);
       })
       ->type_name("V");
-  add(*app_, "--color-scheme", "light (default) or dark", [this](const std::string& text) {
-    options_.colorScheme = text == "dark" ? ColorScheme::kDark : ColorScheme::kLight;
-    return text == "dark" || text == "light";
-  })->type_name("light|dark");
+  CLI::Option* scheme =
+      add(*app_, "--color-scheme", "The colours (default: light)", [this](const std::string& text) {
+        options_.colorScheme = text == "dark" ? ColorScheme::kDark : ColorScheme::kLight;
+        return true;
+      });
+  allowOnly(*scheme, {"light", "dark"});
   app_->add_flag("--ios-app-on-mac", options_.isiOSAppOnMac, "Act as a phone application on a Mac");
   app_->add_flag("--json", options_.json, "Answer in JSON");
+}
+
+// They are told once, in the option's own form; the parser would repeat them in its own.
+void CommandLine::allowOnly(CLI::Option& option, const std::vector<std::string>& words) {
+  option.check(CLI::IsMember(words).description(""))->type_name(joined(words, "|"));
+  choices_[&option] = words;
+}
+
+std::vector<std::string> CommandLine::choices(const CLI::Option& option) const {
+  const auto found = choices_.find(&option);
+  return found == choices_.end() ? std::vector<std::string>() : found->second;
 }
 
 bool CommandLine::mentions(std::string_view word) const {
@@ -197,13 +214,11 @@ bool CommandLine::mentions(std::string_view word) const {
 
 Command CommandLine::addCommand(CLI::App& parent, const std::string& name,
                                 const std::string& summary, const std::string& example) {
-  const bool isMeant = mentions(name);
-  if (!isMeant && !wantsHelp_) {
-    if (&parent == app_.get()) unbuilt_.emplace_back(name, summary);
+  if (!mentions(name)) {
+    unbuilt_.push_back({&parent, name, summary});
     return {nullptr, this};
   }
   CLI::App* app = parent.add_subcommand(name, summary);
-  if (!isMeant) return {nullptr, this};
   app->footer("Example:\n  " + example);
   return {app, this};
 }
@@ -217,32 +232,64 @@ Command CommandLine::group(const std::string& name, const std::string& summary,
                            const std::string& example) {
   const Command group = addCommand(*app_, name, summary, example);
   if (group.app_ != nullptr) {
-    group.app_->require_subcommand(0, 1);
-    group.app_->footer("Example:\n  " + example + "\n\nbrevant " + name +
-                       " COMMAND --help tells more about a command.");
+    group.app_->require_subcommand(1);
+    group.app_->footer("Example:\n  " + example + "\n\nbrevant help " + name +
+                       " COMMAND tells more about a command.");
   }
   return group;
 }
 
+bool CommandLine::hasCommand(std::string_view name) const {
+  return mentions(name) ||
+         std::any_of(unbuilt_.begin(), unbuilt_.end(), [&](const Unbuilt& command) {
+           return command.parent == app_.get() && command.name == name;
+         });
+}
+
+void CommandLine::listUnbuilt() {
+  for (const Unbuilt& command : std::exchange(unbuilt_, {})) {
+    command.parent->add_subcommand(command.name, command.summary);
+  }
+}
+
+LineWalk CommandLine::walk(const std::vector<std::string>& words) {
+  listUnbuilt();
+  return walkLine(*app_, words);
+}
+
+ExitCode CommandLine::refuseGroup(const LineWalk& walk) {
+  listUnbuilt();
+  return refuseUsage(
+      walk.path.back() + " needs one of its commands: " + joined(commandNames(*walk.command), ", "),
+      walk);
+}
+
+// Help and errors name what there is, so for them everything is listed.
 std::optional<ExitCode> CommandLine::parse() {
+  addCommand(*app_, kHelpCommand, "Tell the usage of the program, or of a command",
+             "brevant help start");
+  const LineWalk walk = walkLine(*app_, arguments_);
+  if (walk.stray) {
+    listUnbuilt();
+    return refuseUsage(strayText(walk), walk);
+  }
+  if (walk.open != nullptr) return refuseUsage(nameOf(*walk.open) + " needs a value", walk);
+  if (walk.help) {
+    listUnbuilt();
+    return answer(helpText(walk));
+  }
+  if (walk.has("--version")) {
+    return answer(walk.has("--json") ? kVersionJson : "brevant " BREVANT_VERSION "\n");
+  }
+  if (walk.gathers()) return refuseGroup(walk);
   try {
-    // Without a command there is help or an error to print, and the help lists them all.
-    if (app_->get_subcommands({}).empty()) {
-      for (const auto& [name, summary] : unbuilt_) app_->add_subcommand(name, summary);
-    }
     // The parser takes its arguments from the back.
-    const std::vector<std::string> words = withEmptyValues(arguments_);
-    app_->parse(std::vector<std::string>(words.rbegin(), words.rend()));
-    if (action_) return std::nullopt;
-    std::fputs(usageError("a command is required").c_str(), stderr);
-    return ExitCode::kWrongUsage;
+    std::vector<std::string> words = inOrder(walk);
+    std::reverse(words.begin(), words.end());
+    app_->parse(std::move(words));
+    return std::nullopt;
   } catch (const CLI::ParseError& error) {
-    std::ostringstream out;
-    std::ostringstream errors;
-    const int code = app_->exit(error, out, errors);
-    std::fputs(out.str().c_str(), stdout);
-    std::fputs(errors.str().c_str(), stderr);
-    return code == 0 ? ExitCode::kDone : ExitCode::kWrongUsage;
+    return refuseUsage(error.what(), walk);
   }
 }
 

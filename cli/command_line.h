@@ -2,20 +2,17 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "cli/exit_code.h"
 #include "cli/global_options.h"
-
-namespace CLI {
-class App;
-}
+#include "cli/line_walk.h"
 
 namespace brevant {
 
@@ -42,10 +39,17 @@ class Command {
   // Decimal, or hexadecimal after 0x.
   Value<std::uint64_t> number(const std::string& name, const std::string& help) const;
 
-  enum class Options { kAtMostOne, kExactlyOne };
-  void allow(Options count) const;
+  // Of all its options exactly one is given.
+  void needsOneOption() const;
 
-  void run(std::function<ExitCode(Context&)> action) const;
+  // These two are not given together.
+  void exclude(const std::string& one, const std::string& other) const;
+
+  using Action = std::function<ExitCode(Context&)>;
+  void run(Action action) const;
+
+  // The same for a command that changes nothing: an answer that is lost is all that is lost.
+  void query(Action action) const;
 
   // A command of this command: "live start".
   Command command(const std::string& name, const std::string& summary,
@@ -62,7 +66,7 @@ class Command {
 
 // The commands and global options of the program, and the parser of its arguments. Only commands
 // whose names are among the arguments are built, all others just where they are to be listed, so
-// that a start stays short however many commands there are.
+// that a start stays short however many commands there are. No command at all means "status".
 class CommandLine {
  public:
   explicit CommandLine(std::span<const char* const> arguments);
@@ -75,29 +79,49 @@ class CommandLine {
   // A command that only gathers others.
   Command group(const std::string& name, const std::string& summary, const std::string& example);
 
-  // The exit code when there is nothing to run: help was asked for and printed, or the usage was
-  // wrong and said so on stderr.
+  // The exit code when there is nothing to run: what was asked for is printed already, or the usage
+  // was wrong and said so on stderr.
   std::optional<ExitCode> parse();
 
   // After a parse that left something to run.
   [[nodiscard]] const GlobalOptions& options() const { return options_; }
   [[nodiscard]] const std::vector<std::string>& arguments() const { return arguments_; }
   ExitCode run(Context& context) const { return action_(context); }
+  [[nodiscard]] bool namesNoCommand() const { return namesNoCommand_; }
+  [[nodiscard]] bool hasCommand(std::string_view name) const;
+
+  // Where words lead, with every command there listed; for completions.
+  LineWalk walk(const std::vector<std::string>& words);
+
+  // The words that an option or a place takes; empty where it takes any.
+  [[nodiscard]] std::vector<std::string> choices(const CLI::Option& option) const;
 
  private:
   friend class Command;
 
+  struct Unbuilt {
+    CLI::App* parent;
+    std::string name;
+    std::string summary;
+  };
+
   void addGlobalOptions();
+  void listUnbuilt();
+  ExitCode refuseGroup(const LineWalk& walk);
+  void allowOnly(CLI::Option& option, const std::vector<std::string>& words);
   [[nodiscard]] bool mentions(std::string_view word) const;
   Command addCommand(CLI::App& parent, const std::string& name, const std::string& summary,
                      const std::string& example);
 
+  static constexpr const char* kStatusCommand = "status";
+
   std::vector<std::string> arguments_;
   GlobalOptions options_;
   std::unique_ptr<CLI::App> app_;
-  const bool wantsHelp_;
-  std::vector<std::pair<std::string, std::string>> unbuilt_;  // name and summary
-  std::function<ExitCode(Context&)> action_;
+  bool namesNoCommand_ = false;
+  std::vector<Unbuilt> unbuilt_;
+  std::map<const CLI::Option*, std::vector<std::string>> choices_;
+  Command::Action action_;
 };
 
 }  // namespace brevant

@@ -7,6 +7,7 @@
 #include "cli/json_container.h"
 #include "cli/other_program.h"
 #include "cli/sample_container.h"
+#include "cli/shell_words.h"
 #include "cli/terminal_text.h"
 #include "cli/text_table.h"
 #include "platform/file_manager.h"
@@ -77,16 +78,16 @@ ExitCode makeSample(Context& context, const std::string& directory) {
   }
   if (context.options.json) return context.done();
   context.printLine("A container to try everything on: " + printable(directory));
-  context.printLine("  brevant status --container '" + printable(directory) + '\'');
+  context.printLine("  brevant status --container " + shellQuoted(directory));
   return ExitCode::kDone;
 }
 
 }  // namespace
 
 void addContainerCommands(CommandLine& line) {
-  line.command("cloud", "List the saved cloud records", "brevant cloud --json").run(listRecords);
+  line.command("cloud", "List the saved cloud records", "brevant cloud --json").query(listRecords);
   line.command("doctor", "Check everything that is needed, and say what to do", "brevant doctor")
-      .run(runDoctor);
+      .query(runDoctor);
   const Command sample = line.command("sample", "Make a container to try everything on",
                                       "brevant sample ~/brevant-sample");
   const auto directory = sample.text("DIR", "The new container");

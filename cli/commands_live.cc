@@ -146,7 +146,7 @@ void addLiveCommands(CommandLine& line) {
   const Command listing =
       live.command("list", "List the running Live Activities", "brevant live list --all --json");
   const auto all = listing.flag("--all", "Also those that ended within a day");
-  listing.run([all](Context& context) { return list(context, *all); });
+  listing.query([all](Context& context) { return list(context, *all); });
 
   const Command updating = live.command("update", "Replace the content state by that on stdin",
                                         "brevant live update ID < content.json");
@@ -160,11 +160,11 @@ void addLiveCommands(CommandLine& line) {
   const Command showing =
       live.command("show", "Show the presentations of one", "brevant live show --json");
   const auto shown = showing.optionalText("ID", "The Live Activity (default: the first)");
-  showing.run([shown](Context& context) { return show(context, *shown); });
+  showing.query([shown](Context& context) { return show(context, *shown); });
 
   live.command("decode", "Check the content state on stdin and answer it coded anew",
                "brevant live decode < content.json")
-      .run(decode);
+      .query(decode);
 }
 
 }  // namespace brevant

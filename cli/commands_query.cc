@@ -37,7 +37,7 @@ TypeList inTreeOrder(const TypeList& types) {
   return result;
 }
 
-ExitCode printCategories(Context& context, bool onlyRoots, bool onlyLeaves) {
+ExitCode printCategories(Context& context, bool onlyRoots, bool onlyLeaves, Guids guids) {
   const auto manager = context.openForReading();
   const bool all = !onlyRoots && !onlyLeaves;
   TypeList types = all         ? manager->findAllTypes()
@@ -46,7 +46,7 @@ ExitCode printCategories(Context& context, bool onlyRoots, bool onlyLeaves) {
   if (context.options.json) {
     context.print(categoriesJson(types));
   } else {
-    context.print(categoriesText(all ? inTreeOrder(types) : types, colorsOfStdout()));
+    context.print(categoriesText(all ? inTreeOrder(types) : types, guids, colorsOfStdout()));
   }
   return context.doneReading();
 }
@@ -58,7 +58,7 @@ ExitCode printCategory(Context& context, const std::optional<std::string>& guid,
   if (context.log.failure()) return context.doneReading();
   if (!type) return context.refuse("there is no category " + guid.value_or(name.value_or("")));
   context.print(context.options.json ? categoryJson(*type)
-                                     : categoriesText({type}, colorsOfStdout()));
+                                     : categoriesText({type}, Guids::kShown, colorsOfStdout()));
   return ExitCode::kDone;
 }
 
@@ -68,22 +68,24 @@ void addQueryCommands(CommandLine& line) {
   const Command activities = line.command("activities", "List the running and paused activities",
                                           "brevant activities --running --json");
   const auto running = activities.flag("--running", "Only the running ones");
-  activities.run([running](Context& context) { return printActivities(context, *running); });
+  activities.query([running](Context& context) { return printActivities(context, *running); });
 
   const Command categories =
       line.command("categories", "List the categories and groups", "brevant categories --leaves");
   const auto roots = categories.flag("--roots", "Only those that stand in no group");
   const auto leaves = categories.flag("--leaves", "Only categories, no groups");
-  categories.allow(Command::Options::kAtMostOne);
-  categories.run(
-      [roots, leaves](Context& context) { return printCategories(context, *roots, *leaves); });
+  const auto guid = categories.flag("--guid", "With their guids, as commands take them");
+  categories.exclude("--roots", "--leaves");
+  categories.query([roots, leaves, guid](Context& context) {
+    return printCategories(context, *roots, *leaves, *guid ? Guids::kShown : Guids::kHidden);
+  });
 
   const Command category =
       line.command("category", "Show one category", "brevant category --name reading --json");
-  const auto guid = category.optionalText("--id", "The category's guid");
+  const auto id = category.optionalText("--id", "The category's guid");
   const auto name = category.optionalText("--name", "The category's name; case does not matter");
-  category.allow(Command::Options::kExactlyOne);
-  category.run([guid, name](Context& context) { return printCategory(context, *guid, *name); });
+  category.needsOneOption();
+  category.query([id, name](Context& context) { return printCategory(context, *id, *name); });
 }
 
 }  // namespace brevant

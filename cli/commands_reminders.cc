@@ -116,15 +116,15 @@ void addReminderCommands(CommandLine& line) {
       line.group("reminders", "Show, schedule and deliver reminders", "brevant reminders pending");
   reminders
       .command("settings", "How the tracker wants to remind", "brevant reminders settings --json")
-      .run(printSettings);
+      .query(printSettings);
   reminders.command("times", "When it would remind within a day", "brevant reminders times")
-      .run(printTimes);
+      .query(printTimes);
   reminders.command("schedule", "Replace the pending reminders", "brevant reminders schedule")
       .run(schedule);
   reminders.command("cancel", "Remove the pending reminders", "brevant reminders cancel")
       .run(cancel);
   reminders.command("pending", "List the pending reminders", "brevant reminders pending --json")
-      .run(printPending);
+      .query(printPending);
 
   const Command delivering =
       reminders.command("deliver", "Show what is due on the desktop and drop it",

@@ -42,7 +42,7 @@ void addStatusCommand(CommandLine& line) {
       line.command("status", "Show what runs and what is paused", "brevant status --format waybar");
   const auto bar = status.optionalWord("--format", "One line for a status bar",
                                        {"waybar", "i3blocks", "polybar"});
-  status.run([bar](Context& context) { return printStatus(context, *bar); });
+  status.query([bar](Context& context) { return printStatus(context, *bar); });
 }
 
 }  // namespace brevant

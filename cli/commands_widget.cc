@@ -104,14 +104,14 @@ ExitCode performIntent(Context& context, const std::string& name, const std::str
 void addWidgetCommands(CommandLine& line) {
   line.command("widgets", "List the widgets that the system version has",
                "brevant widgets --system-version 16.0")
-      .run(printWidgets);
+      .query(printWidgets);
   line.command("timeline", "Show the widget's timeline with its views", "brevant timeline --json")
-      .run(printTimeline);
+      .query(printTimeline);
   line.command("snapshot", "Show the widget's entry for the gallery", "brevant snapshot --json")
-      .run(printSnapshot);
+      .query(printSnapshot);
   line.command("placeholder", "Show the widget's entry before there is any",
                "brevant placeholder --json")
-      .run(printPlaceholder);
+      .query(printPlaceholder);
 
   const Command intent = line.command("intent", "Perform what a widget's button asks for",
                                       "brevant intent StopActivityIntent GUID pause");

@@ -1,10 +1,9 @@
 #include "cli/context.h"
 
-#include <cstdio>
 #include <utility>
 
 #include "cli/database_place.h"
-#include "cli/terminal_text.h"
+#include "cli/standard_streams.h"
 #include "manager/widget_manager.h"
 #include "platform/task_queue.h"
 
@@ -51,8 +50,7 @@ void Context::printLine(std::string_view text) {
 }
 
 void Context::warn(std::string_view message) const {
-  const std::string line = "brevant: " + printable(message) + '\n';
-  std::fwrite(line.data(), 1, line.size(), stderr);
+  writeMessage(message);
 }
 
 ExitCode Context::refuse(std::string_view why) const {
@@ -88,11 +86,10 @@ ExitCode Context::doneReading() {
 }
 
 ExitCode Context::deliverAnswer(ExitCode code) {
-  const std::string answer = std::exchange(answer_, {});
-  const bool written = std::fwrite(answer.data(), 1, answer.size(), stdout) == answer.size();
-  if (std::fflush(stdout) == 0 && written) return code;
-  return refuse(code == ExitCode::kDone ? "it is done, but the answer could not be written"
-                                        : "the answer could not be written");
+  if (writeAnswer(std::exchange(answer_, {}))) return code;
+  const bool isDone = code == ExitCode::kDone && !options.onlyAsks;
+  return refuse(isDone ? "it is done, but the answer could not be written"
+                       : "the answer could not be written");
 }
 
 }  // namespace brevant

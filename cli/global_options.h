@@ -15,6 +15,7 @@ struct GlobalOptions {
   ColorScheme colorScheme = ColorScheme::kLight;
   bool isiOSAppOnMac = false;
   bool json = false;
+  bool onlyAsks = false;  // the command changes nothing
 };
 
 }  // namespace brevant

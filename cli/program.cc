@@ -5,10 +5,13 @@
 #include "cli/command_line.h"
 #include "cli/commands.h"
 #include "cli/context.h"
+#include "cli/next_steps.h"
+#include "cli/standard_streams.h"
 
 namespace brevant {
 
 int runProgram(int argc, const char* const* argv, NotificationService* notifications) {
+  keepStandardPlaces();
   const std::span<const char* const> words(argv, static_cast<std::size_t>(argc));
   CommandLine line(words.empty() ? words : words.subspan(1));
   addStatusCommand(line);
@@ -23,7 +26,11 @@ int runProgram(int argc, const char* const* argv, NotificationService* notificat
 
   if (const std::optional<ExitCode> code = line.parse()) return static_cast<int>(*code);
   Context context(line.options(), line.arguments(), notifications);
-  return static_cast<int>(context.deliverAnswer(line.run(context)));
+  const ExitCode code = line.run(context);
+  if (line.namesNoCommand() && code == ExitCode::kDone && !context.options.json) {
+    context.print(nextSteps(line, context));
+  }
+  return static_cast<int>(context.deliverAnswer(code));
 }
 
 }  // namespace brevant

@@ -20,6 +20,7 @@ StatusItem statusItem(const WidgetActivity& activity, const WidgetType* type, Da
   item.guid = activity.guid;
   item.categoryGuid = activity.categoryGuid;
   item.start = activity.start;
+  item.hasCategory = type != nullptr;
   if (type != nullptr) {
     item.name = type->name;
     item.color = type->color;

@@ -17,6 +17,7 @@ class WidgetManager;
 // An activity that runs or is paused, with what its category says about it.
 struct StatusItem {
   bool isRunning = false;
+  bool hasCategory = false;
   std::optional<std::string> guid;
   std::optional<std::string> categoryGuid;
   std::optional<std::string> name;

@@ -11,15 +11,13 @@ namespace {
 
 using Cell = TextTable::Cell;
 
-enum class Guids { kHidden, kShown };
-
 constexpr const char* kRunning = "●";
 constexpr const char* kPaused = "○";
 constexpr const char* kGroup = "▾";
 
 void add(TextTable& table, const char* mark, const StatusItem& item, Guids guids,
          const std::string& since) {
-  std::vector<Cell> row{{mark, item.color}, {nameText(item.name)}};
+  std::vector<Cell> row{{mark, item.color}, {nameText(item)}};
   if (guids == Guids::kShown) row.push_back({printable(item.guid.value_or("-"))});
   row.push_back({item.isRunning ? durationText(item.elapsed) : "paused", {}, Cell::Side::kRight});
   row.push_back({durationText(item.total), {}, Cell::Side::kRight});
@@ -40,7 +38,11 @@ std::string text(const Status& status, Guids guids, Date now, const Calendar& ca
 }  // namespace
 
 std::string nameText(const std::optional<std::string>& name) {
-  return name ? printable(*name) : "(no category)";
+  return name ? printable(*name) : "(no name)";
+}
+
+std::string nameText(const StatusItem& item) {
+  return item.hasCategory ? nameText(item.name) : "(no category)";
 }
 
 std::string statusText(const Status& status, Date now, const Calendar& calendar, Colors colors) {
@@ -52,16 +54,17 @@ std::string activitiesText(const Status& status, Date now, const Calendar& calen
   return text(status, Guids::kShown, now, calendar, colors);
 }
 
-std::string categoriesText(const TypeList& types, Colors colors) {
+std::string categoriesText(const TypeList& types, Guids guids, Colors colors) {
   TextTable table;
   for (const TypeRef& type : types) {
     const bool isGroup = dynamic_cast<const WidgetGroup*>(type.get()) != nullptr;
     constexpr std::int32_t kDeepest = 20;  // a terminal is only so wide
     const std::string indent(
         static_cast<std::size_t>(std::clamp(type->nestingLevel, 0, kDeepest)) * 2, ' ');
-    table.add({{isGroup ? kGroup : kRunning, type->color},
-               {indent + nameText(type->name)},
-               {printable(type->guid.value_or("-"))}});
+    std::vector<Cell> row{{isGroup ? kGroup : kRunning, type->color},
+                          {indent + nameText(type->name)}};
+    if (guids == Guids::kShown) row.push_back({printable(type->guid.value_or("-"))});
+    table.add(std::move(row));
   }
   return table.text(colors);
 }

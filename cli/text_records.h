@@ -17,10 +17,16 @@ std::string statusText(const Status& status, Date now, const Calendar& calendar,
 // The same with the guids, as commands take them.
 std::string activitiesText(const Status& status, Date now, const Calendar& calendar, Colors colors);
 
+enum class Guids { kHidden, kShown };
+
 // One line for each category, indented by nesting level.
-std::string categoriesText(const TypeList& types, Colors colors);
+std::string categoriesText(const TypeList& types, Guids guids, Colors colors);
 
 // The name, or what stands for one that is missing.
 std::string nameText(const std::optional<std::string>& name);
+
+// The name of an activity's category; one that is not there is another thing than one without a
+// name.
+std::string nameText(const StatusItem& item);
 
 }  // namespace brevant

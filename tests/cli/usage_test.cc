@@ -8,10 +8,10 @@ class Usage : public Cli {};
 TEST_F(Usage, OfTheWrongKindEndsWithTwo) {
   addCategory("C", "Code");
   for (const std::vector<std::string>& command : std::vector<std::vector<std::string>>{
-           {},
-           {"unknown"},
-           {"--unknown", "status"},
            {"status", "extra"},
+           {"--help", "extra"},
+           {"help", "extra"},
+           {"--json=3", "status"},
            {"status", "--format", "i3bar"},
            {"status", "--now"},
            {"status", "--system-version", "seventeen"},
@@ -56,15 +56,50 @@ TEST_F(Usage, TellsTheVersionToPeopleAndToPrograms) {
   EXPECT_EQ(run({"--version"}).out, "brevant " + version.at("version").get<std::string>() + "\n");
 }
 
-TEST_F(Usage, NamesTheWordThatIsWrong) {
-  for (const std::vector<std::string>& command : std::vector<std::vector<std::string>>{
-           {"wrong"}, {"--wrong", "status"}, {"live", "wrong"}, {"--json", "reminders", "wrong"}}) {
-    EXPECT_NE(run(command).err.find("wrong"), std::string::npos);
+TEST_F(Usage, NamesTheFirstWrongWordAndTheNearestRightOne) {
+  const struct {
+    std::vector<std::string> command;
+    const char* told;
+  } cases[] = {
+      {{"statsu", "and", "more"}, "there is no command statsu: did you mean status?"},
+      {{"--jsno", "status", "x"}, "there is no option --jsno: did you mean --json?"},
+      {{"categories", "--leafs=1"}, "there is no option --leafs: did you mean --leaves?"},
+      {{"--json", "live", "lsit"}, "live has no command lsit: did you mean list?"},
+      {{"qqqqqq\x1b\n"}, "there is no command qqqqqq\\x1b\\n ("},
+      {{"reminders"}, "settings, times, schedule"},
+      {{"status", "--now"}, "--now needs a value"},
+      {{"start", "-x y"}, "stands after --: brevant start -- '-x y'"},
+  };
+  for (const auto& [command, told] : cases) {
+    const Outcome outcome = run(command);
+    EXPECT_EQ(outcome.exitCode, 2) << told;
+    EXPECT_NE(outcome.err.find(told), std::string::npos) << outcome.err;
+    EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
   }
   EXPECT_EQ(run({"category", "--name=", "--json"}).err, "brevant: there is no category \n");
 }
 
-TEST_F(Usage, HelpOfEveryCommandHasAnExample) {
+TEST_F(Usage, TakesWordsAsTheyAreAfterTwoDashes) {
+  for (const char* name : {"-x", "++", "--x=", "--help", "start", "--"}) {
+    addCategory(name, name);
+    EXPECT_EQ(run({"start", "--json", "--", name}).exitCode, 0) << name;
+  }
+  EXPECT_EQ(run({"start", "++"}).exitCode, 0);
+  EXPECT_EQ(database.ask("SELECT count(DISTINCT category_guid) FROM logs"), "6\n");
+}
+
+TEST_F(Usage, WithoutCommandIsTheStatusAndWhatToDoNext) {
+  addCategory("C", "Code");
+  addActivity("A", "C", 1, "1699999000");
+  EXPECT_TRUE(run({}).out.starts_with(run({"status"}).out));
+  EXPECT_EQ(ask({}), ask({"status"}));
+  const Outcome outcome = run({"--container", path("none")});
+  EXPECT_EQ(outcome.exitCode, 0);
+  EXPECT_NE(outcome.out.find("brevant sample DIR"), std::string::npos);
+  EXPECT_NE(outcome.out.find("brevant doctor"), std::string::npos);
+}
+
+TEST_F(Usage, HelpOfEveryCommandHasAnExampleAndTheOptionsOfAll) {
   std::vector<std::vector<std::string>> commands{{}, {"live"}, {"reminders"}};
   for (const char* name : {"activities", "categories", "category", "status", "start", "stop",
                            "pause", "resume", "widgets", "timeline", "snapshot", "placeholder",
@@ -82,15 +117,27 @@ TEST_F(Usage, HelpOfEveryCommandHasAnExample) {
     const Outcome outcome = run(command);
     EXPECT_EQ(outcome.exitCode, 0) << command[0];
     EXPECT_NE(outcome.out.find("Example:\n  brevant"), std::string::npos) << command[0];
+    EXPECT_NE(outcome.out.find("--container DIR"), std::string::npos) << command[0];
     EXPECT_EQ(outcome.err, "");
   }
+  const std::string help = run({"help", "status"}).out;
+  EXPECT_EQ(help, run({"status", "--help"}).out);
+  EXPECT_EQ(help.find("waybar|"), help.rfind("waybar|"));  // told once
 }
 
 TEST_F(Usage, AnAnswerThatCannotBeWrittenIsNotDone) {
-  const std::string command = std::string(BREVANT_PROGRAM) + " widgets > /dev/full";
-  const Outcome outcome = Process({"/bin/sh", "-c", command}, environment).wait();
-  EXPECT_EQ(outcome.exitCode, 1);
-  EXPECT_NE(outcome.err.find("could not be written"), std::string::npos);
+  addCategory("C", "Code");
+  const std::pair<const char*, bool> commands[] = {
+      {"widgets", false}, {"--help", false}, {"--version", false}, {"start Code", true}};
+  for (const auto& [command, changes] : commands) {
+    for (const char* nowhere : {"> /dev/full", ">&-"}) {
+      const std::string line = std::string(BREVANT_PROGRAM) + ' ' + command + ' ' + nowhere;
+      const Outcome outcome = Process({"/bin/sh", "-c", line}, environment).wait();
+      EXPECT_EQ(outcome.exitCode, 1) << line;
+      EXPECT_NE(outcome.err.find("could not be written"), std::string::npos) << line;
+      EXPECT_EQ(outcome.err.find("it is done, but") != std::string::npos, changes) << line;
+    }
+  }
 }
 
 }  // namespace
