@@ -1,14 +1,25 @@
-# Installation: both programs, and the core libraries with their CMake package and pkg-config file.
-# Components: cli (the command line, no GUI), desktop (the host), dev (libraries and headers).
+# Installation of the core libraries with their headers, CMake package and pkg-config file.
+# Components: cli (the command line, no GUI), desktop (the host), dev (what is here).
 include(CMakePackageConfigHelpers)
 
 get_property(libraries GLOBAL PROPERTY BREVANT_LIBRARIES)
 install(TARGETS ${libraries} EXPORT brevant-targets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT dev)
-foreach(folder platform platform/linux store manager widget live)
-  file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${folder}/*.h")
-  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/brevant/${folder} COMPONENT dev)
-endforeach()
+
+# What a host or a program of somebody else's works with: the manager, the widgets, the Live Activity,
+# and the services that it may want to give them instead of ours.
+set(chosen
+  manager/widget_manager.h widget/widgets_collection.h widget/deep_link.h
+  widget/stop_activity_intent.h live/live_activity_widget.h live/stop_activity_live_intent.h
+  platform/linux/linux_platform.h
+  platform/bundle.h platform/cloud_database.h platform/file_manager.h platform/image_codec.h
+  platform/live_activities.h platform/notifications.h platform/random_source.h
+  platform/shared_settings.h platform/task_queue.h platform/text.h platform/clock.h)
+install(CODE "
+  set(chosen ${chosen})
+  set(source \"${PROJECT_SOURCE_DIR}\")
+  set(destination \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_INCLUDEDIR}/brevant\")
+  include(\"${PROJECT_SOURCE_DIR}/cmake/install_headers.cmake\")" COMPONENT dev)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/brevant)
 install(EXPORT brevant-targets NAMESPACE brevant:: DESTINATION ${package_dir} COMPONENT dev)
@@ -25,33 +36,9 @@ install(FILES "${PROJECT_BINARY_DIR}/brevant-config.cmake"
 install(FILES "${PROJECT_BINARY_DIR}/brevant.pc"
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 
-# The Debian packages: brevant (command line), brevant-desktop (host), libbrevant-dev (libraries).
-set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_NAME brevant)
-set(CPACK_PACKAGE_CONTACT "Brevant developers <developers@brevant.invalid>")
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL cli dev)
-if(BREVANT_DESKTOP)
-  list(APPEND CPACK_COMPONENTS_ALL desktop)
-endif()
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_STRIP_FILES ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SECTION utils)
-set(CPACK_DEBIAN_CLI_PACKAGE_NAME brevant)
-set(CPACK_DEBIAN_DESKTOP_PACKAGE_NAME brevant-desktop)
-set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS "brevant (= ${PROJECT_VERSION}), fonts-inter")
-set(CPACK_DEBIAN_DESKTOP_PACKAGE_RECOMMENDS notification-daemon)
-set(CPACK_DEBIAN_DEV_PACKAGE_NAME libbrevant-dev)
-set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libsqlite3-dev, libplist-dev, libpng-dev, libunistring-dev, nlohmann-json3-dev, libsdbus-c++-dev, libsystemd-dev")
-set(CPACK_COMPONENT_CLI_DESCRIPTION "Time tracker widgets: the command line
- See what a personal time tracker is recording, and pause, stop or start it,
- from a terminal, a status bar or a widget host.")
-set(CPACK_COMPONENT_DESKTOP_DESCRIPTION "Time tracker widgets: the desktop host
- Shows the running activity as desktop widgets and in the tray, with buttons
- that pause and stop it, and delivers the reminders.")
-set(CPACK_COMPONENT_DEV_DESCRIPTION "Time tracker widgets: the core library
- Static libraries and headers to read and write a time tracker's shared log.")
-include(CPack)
+# Desktops find what opens a link in an index. A package's is made where the package is installed.
+install(CODE [[
+  find_program(indexer update-desktop-database)
+  if(indexer AND NOT DEFINED ENV{DESTDIR})
+    execute_process(COMMAND "${indexer}" -q "${CMAKE_INSTALL_PREFIX}/share/applications")
+  endif()]] COMPONENT desktop)

@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-5}
 cmake -S . -B build/fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
     -DCMAKE_CXX_FLAGS_RELWITHDEBINFO="-O2 -g1 -DNDEBUG" \
-    -DBREVANT_FUZZ=ON -DBREVANT_TESTS=OFF -DBREVANT_DESKTOP=OFF >/dev/null
+    -DCMAKE_COMPILE_WARNING_AS_ERROR=ON -DBREVANT_FUZZ=ON -DBREVANT_TESTS=OFF -DBREVANT_DESKTOP=OFF >/dev/null
 cmake --build build/fuzz --target fuzz_targets -j2
 for corpus in tests/fuzz/corpus/*/; do
     name=$(basename "$corpus")

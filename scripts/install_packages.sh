@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what is missing on a Debian 12 machine. Arguments name the groups: run, test.
+# Installs what is missing on a Debian 12 machine. Arguments name the groups: run, test, package.
 set -euo pipefail
 
 build=(g++ dpkg-dev cmake ninja-build pkg-config ccache mold git
@@ -10,7 +10,9 @@ run=(sqlite3)
 test=(libgtest-dev libgmock-dev libbenchmark-dev libsqlitecpp-dev
     clang clang-format clang-tidy libclang-rt-14-dev sqlite3
     procps dbus xvfb openbox tint2 dunst xdotool x11-utils imagemagick
-    desktop-file-utils appstream man-db bash-completion)
+    desktop-file-utils appstream man-db bash-completion
+    systemd xdg-utils zsh fish)
+package=(lintian file)
 
 wanted=("${build[@]}")
 for group in "$@"; do

@@ -1,0 +1,17 @@
+# Runs while installing: copies the headers `chosen` from `source` to `destination`, and all that they
+# include.
+cmake_policy(VERSION 3.25)
+set(waiting ${chosen})
+set(installed)
+while(waiting)
+  list(POP_FRONT waiting header)
+  if(header IN_LIST installed)
+    continue()
+  endif()
+  list(APPEND installed "${header}")
+  get_filename_component(folder "${header}" DIRECTORY)
+  file(INSTALL "${source}/${header}" DESTINATION "${destination}/${folder}")
+  file(STRINGS "${source}/${header}" includes REGEX "^#include \"")
+  list(TRANSFORM includes REPLACE "^#include \"([^\"]+)\".*" "\\1")
+  list(APPEND waiting ${includes})
+endwhile()

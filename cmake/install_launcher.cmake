@@ -1,0 +1,12 @@
+# Runs while installing: copies `launcher` to `destination`, its programs named by their whole path.
+set(start "${programs}/")
+set(end "")
+if(programs MATCHES " ")
+  set(start "\"${start}")
+  set(end "\"")
+endif()
+get_filename_component(name "${launcher}" NAME)
+file(READ "${launcher}" text)
+string(REGEX REPLACE "(Exec|ExecStart)=(brevant[a-z-]*)" "\\1=${start}\\2${end}" text "${text}")
+file(WRITE "${staging}/${name}" "${text}")
+file(INSTALL "${staging}/${name}" DESTINATION "${destination}")
