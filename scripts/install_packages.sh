@@ -11,7 +11,7 @@ test=(libgtest-dev libgmock-dev libbenchmark-dev libsqlitecpp-dev
     clang clang-format clang-tidy libclang-rt-14-dev sqlite3
     procps dbus xvfb openbox tint2 dunst xdotool x11-utils imagemagick
     desktop-file-utils appstream man-db bash-completion
-    systemd xdg-utils zsh fish)
+    systemd xdg-utils zsh fish doxygen)
 package=(lintian file)
 
 wanted=("${build[@]}")

@@ -58,7 +58,7 @@ fi
 cat <<'NEXT'
 
 Try next:
-  export BREVANT_CONTAINER=build/sample PATH="$PWD/build/dev/bin:$PATH"
+  export BREVANT_CONTAINER="$PWD/build/sample" PATH="$PWD/build/dev/bin:$PATH"
   brevant start Reading          start something; brevant categories lists what there is
   brevant doctor                 check a container
   brevant-desktop                the widgets on your desktop

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Everything that must hold before a change lands: style, layering, all tests, all tests again under
-# the address and undefined-behaviour sanitizers, a short run of every fuzz target, and the lint for
-# faults (scripts/check_tidy.sh alone lints the style too).
+# the address and undefined-behaviour sanitizers, a short run of every fuzz target, the reference
+# of the installed headers, and the lint for faults (scripts/check_tidy.sh alone lints the style too).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -25,6 +25,9 @@ ctest --preset asan
 
 step "Fuzz targets, a short run each"
 scripts/fuzz.sh
+
+step "Reference of the installed headers"
+scripts/make_reference.sh
 
 step "Lint"
 scripts/check_tidy.sh build/dev faults
