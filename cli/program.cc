@@ -1,5 +1,6 @@
 #include "cli/program.h"
 
+#include <csignal>
 #include <span>
 
 #include "cli/command_line.h"
@@ -12,6 +13,8 @@ namespace brevant {
 
 int runProgram(int argc, const char* const* argv, NotificationService* notifications) {
   keepStandardPlaces();
+  // A file that may not grow any further is an error like a full disk, and no reason to die.
+  std::signal(SIGXFSZ, SIG_IGN);
   const std::span<const char* const> words(argv, static_cast<std::size_t>(argc));
   CommandLine line(words.empty() ? words : words.subspan(1));
   addStatusCommand(line);

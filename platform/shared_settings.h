@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/property_value.h"
+#include "platform/save_outcome.h"
 
 namespace brevant {
 
@@ -25,9 +26,10 @@ class SharedSettings {
   // Kept in memory until `synchronize`, though reads of this process see it at once.
   virtual void setBool(bool value, const std::string& key) = 0;
 
-  // Merges what was set into the stored settings, durably. False, with a log line that names the
-  // file, when that was not possible; the stored settings are then as they were.
-  virtual bool synchronize() = 0;
+  // Merges what was set into the stored settings, durably, and keeps what others store meanwhile.
+  // May wait 2 seconds for their lock. What is not saved is kept for the next call. A log line
+  // tells, too, what went wrong.
+  virtual SaveOutcome synchronize() = 0;
 };
 
 }  // namespace brevant

@@ -65,17 +65,17 @@ std::variant<CloudRecord, std::string> storedRecord(const std::filesystem::path&
   return decoded(*text);
 }
 
-// Empty on success, else what went wrong.
-std::string write(const std::string& directory, const std::string& cloudContainer,
+SaveOutcome write(const std::string& directory, const std::string& cloudContainer,
                   const CloudRecord& record) {
   if (!isFileName(cloudContainer) || !isFileName(record.recordType) ||
       !isFileName(record.recordName)) {
-    return "a cloud record's container, type and name must be file names";
+    return notSaved("a cloud record's container, type and name must be file names");
   }
   const std::string folder = privateDatabase(directory, cloudContainer) + "/" + record.recordType;
-  if (std::string problem = makeDirectories(folder); !problem.empty()) return problem;
-  // Without a lock: the name is new, so nobody else writes this file or its temporary one.
-  return replaceFile(folder + "/" + record.recordName + ".json", coded(record));
+  if (std::string problem = makeDirectories(folder); !problem.empty()) {
+    return notSaved(std::move(problem));
+  }
+  return makeFile(folder + "/" + record.recordName + ".json", coded(record));
 }
 
 class CloudFolder : public CloudDatabase {
@@ -86,7 +86,8 @@ class CloudFolder : public CloudDatabase {
   void save(const std::string& container, const CloudRecord& record,
             Completion completion) override {
     tasks_.start([directory = directory_, container, record, completion = std::move(completion)] {
-      completion(write(directory, container, record));
+      const SaveOutcome outcome = write(directory, container, record);
+      completion(outcome.isSaved() ? "" : outcome.why);
     });
   }
 

@@ -6,23 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/linux/descriptor.h"
+#include "platform/save_outcome.h"
 
 namespace brevant {
-
-// A lock between processes and threads, held from construction to destruction. `path` is a file of
-// its own beside what it guards, and stays: removing it would let two holders in. A process that
-// dies lets go. Waits as long as another holds it.
-class FileLock {
- public:
-  explicit FileLock(const std::string& path);
-
-  // False when the lock file cannot be made or locked.
-  bool held() const { return static_cast<bool>(file_); }
-
- private:
-  Descriptor file_;
-};
 
 // The whole file; absent when it is missing, unreadable, no regular file or above `limit` bytes.
 // Never waits for a pipe's other end.
@@ -35,10 +21,17 @@ bool fileExists(const std::string& path);
 // is locked and replaced. The path itself when nothing is there.
 std::string linkTarget(const std::string& path);
 
-// Replaces the file so that whatever happens it is as before or as after, and as after on the disk
-// once this returns. Keeps the permissions of a file that is there. Its caller holds the lock of
-// the file. Empty on success, else what went wrong; nothing new is then left behind.
-[[nodiscard]] std::string replaceFile(const std::string& path, std::string_view contents);
+// Replaces a file that has the contents `expected` (absent: that is not there) so that whatever
+// happens it is as before or as after. Absent when it has others by now: somebody who knows nothing
+// of our lock saved it meanwhile, and nothing is changed. Keeps owner, group and permissions. Its
+// caller holds the lock of the file. What is not saved leaves nothing new behind.
+[[nodiscard]] std::optional<SaveOutcome> replaceFile(const std::string& path,
+                                                     const std::optional<std::string>& expected,
+                                                     std::string_view contents);
+
+// Makes a file that is there at once and whole, or not at all, and leaves nothing else behind even
+// when killed. Not saved when something is there already.
+[[nodiscard]] SaveOutcome makeFile(const std::string& path, std::string_view contents);
 
 // Makes the directory and those above it, for the user alone and on the disk once this returns.
 // Empty on success.

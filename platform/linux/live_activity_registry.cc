@@ -153,7 +153,7 @@ class Registry : public LiveActivityCenter {
   template <typename Edit>
   std::optional<LiveActivityError> change(const Edit& edit) {
     Kind kind = Kind::kRegistry;
-    std::string problem =
+    SaveOutcome outcome =
         file_.change([&](const std::optional<std::string>& text) -> SharedDocument::Edit {
           std::optional<std::vector<Entry>> entries = text ? decoded(*text) : std::vector<Entry>();
           if (!entries) return {std::nullopt, problemOf(*text)};
@@ -167,8 +167,8 @@ class Registry : public LiveActivityCenter {
           if (contents->size() > kMaxRegistrySize) return {std::nullopt, kTooLarge};
           return {std::move(contents), ""};
         });
-    if (problem.empty()) return std::nullopt;
-    return LiveActivityError{kind, std::move(problem)};
+    if (outcome.isSaved()) return std::nullopt;
+    return LiveActivityError{kind, std::move(outcome.why)};
   }
 
   template <typename Edit>

@@ -8,6 +8,7 @@
 #include "platform/file_manager.h"
 #include "platform/linux/delivery_wakeup.h"
 #include "platform/linux/durable_file.h"
+#include "platform/linux/file_lock.h"
 #include "platform/linux/next_notification.h"
 #include "platform/log.h"
 #include "platform/notifications.h"

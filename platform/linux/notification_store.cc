@@ -141,7 +141,7 @@ class Store : public UserNotificationCenter {
 
   template <typename Edit>
   std::string change(const Edit& edit) {
-    std::string problem =
+    SaveOutcome outcome =
         file_.change([&](const std::optional<std::string>& text) -> SharedDocument::Edit {
           std::optional<Requests> requests = text ? decoded(*text) : Requests();
           if (!requests) return {std::nullopt, problemOf(*text)};
@@ -152,8 +152,8 @@ class Store : public UserNotificationCenter {
           if (changed.size() > kMaxReminderFileSize) return {std::nullopt, kTooLarge};
           return {std::move(changed), ""};
         });
-    problem.empty() ? forget() : tell(problem);
-    return problem;
+    outcome.why.empty() ? forget() : tell(outcome.why);
+    return outcome.isSaved() ? "" : outcome.why;
   }
 
   // Twenty reminders that cannot be added are one story.

@@ -4,8 +4,15 @@
 #include <utility>
 
 #include "platform/linux/durable_file.h"
+#include "platform/linux/file_lock.h"
 
 namespace brevant {
+namespace {
+
+// How often another program may save the file while it is being changed.
+constexpr int kMostAttempts = 100;
+
+}  // namespace
 
 SharedDocument::SharedDocument(std::string folder, const std::string& name, std::size_t limit)
     : folder_(std::move(folder)), path_(folder_ + "/" + name), limit_(limit) {}
@@ -21,16 +28,22 @@ std::string SharedDocument::whyUnreadable() const {
   return path_ + ": is larger than " + std::to_string(limit_ >> 10U) + " KiB";
 }
 
-std::string SharedDocument::change(const Editor& editor) const {
-  if (std::string problem = makeDirectories(folder_); !problem.empty()) return problem;
+SaveOutcome SharedDocument::change(const Editor& editor) const {
+  if (std::string problem = makeDirectories(folder_); !problem.empty()) {
+    return notSaved(std::move(problem));
+  }
   const std::string target = linkTarget(path_);
   const FileLock lock(target + ".lock");
-  if (!lock.held()) return target + ".lock: cannot be locked";
-  const std::optional<std::string> current = read();
-  if (!current && fileExists(path_)) return whyUnreadable();
-  Edit edit = editor(current);
-  if (!edit.problem.empty()) return path_ + ": " + edit.problem;
-  return edit.contents ? replaceFile(target, *edit.contents) : "";
+  if (!lock.held()) return notSaved(lock.problem());
+  for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+    const std::optional<std::string> current = read();
+    if (!current && fileExists(path_)) return notSaved(whyUnreadable());
+    const Edit edit = editor(current);
+    if (!edit.problem.empty()) return notSaved(path_ + ": " + edit.problem);
+    if (!edit.contents) return {};
+    if (auto outcome = replaceFile(target, current, *edit.contents)) return *outcome;
+  }
+  return notSaved(path_ + ": another program keeps replacing it");
 }
 
 }  // namespace brevant

@@ -4,12 +4,15 @@
 #include <optional>
 #include <string>
 
+#include "platform/save_outcome.h"
+
 namespace brevant {
 
 // A small file in a folder of its own that several processes read and change. A reader needs no
 // lock: it sees the file as it was before a change or as it is after it. A change holds a lock
 // beside the file ("NAME.lock"; where NAME is a link, beside what it leads to) from reading to
-// replacing, so none is lost. Any thread may call.
+// replacing, so none is lost. Nor is what a program saves that knows nothing of the lock: the
+// change is made anew of that. Any thread may call.
 class SharedDocument {
  public:
   // What a change makes of the contents: nothing new, or a problem and nothing new.
@@ -30,10 +33,10 @@ class SharedDocument {
   // else.
   std::string whyUnreadable() const;
 
-  // Makes the folder when it is missing. Empty on success, else what went wrong; the file is then
-  // as it was. A file that is there but cannot be read is such a problem, and the editor not
-  // called.
-  [[nodiscard]] std::string change(const Editor& editor) const;
+  // Makes the folder when it is missing. Calls the editor again each time that the file is another
+  // by the time it would be replaced. A file that is there but cannot be read is not saved, and the
+  // editor not called.
+  [[nodiscard]] SaveOutcome change(const Editor& editor) const;
 
  private:
   std::string folder_;

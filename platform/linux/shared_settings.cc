@@ -48,16 +48,18 @@ class SettingsFile : public SharedSettings {
     readAt_ = kNever;
   }
 
-  bool synchronize() override {
+  SaveOutcome synchronize() override {
     const std::lock_guard lock(mutex_);
     readAt_ = kNever;
-    if (unsaved_.empty()) return true;
-    const std::string problem = write();
-    if (problem.empty())
-      unsaved_.clear();
-    else
-      log_.write("The settings were not saved: " + problem);
-    return problem.empty();
+    if (unsaved_.empty()) return {};
+    SaveOutcome outcome = write();
+    if (outcome.isSaved()) unsaved_.clear();
+    if (!outcome.why.empty()) {
+      log_.write(
+          (outcome.isSaved() ? "The settings were saved, but: " : "The settings were not saved: ") +
+          outcome.why);
+    }
+    return outcome;
   }
 
  private:
@@ -85,8 +87,7 @@ class SettingsFile : public SharedSettings {
     overlaid_ = unsaved_;
   }
 
-  // Empty on success, else what went wrong.
-  std::string write() {
+  SaveOutcome write() {
     return file_.change([this](const std::optional<std::string>& stored) -> SharedDocument::Edit {
       // A file that is there but empty is broken as well.
       std::optional<std::string> merged;

@@ -2,9 +2,12 @@
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
+#include <thread>
 
 #include "platform/linux/durable_file.h"
+#include "platform/linux/file_lock.h"
 #include "platform/linux/property_list.h"
+#include "tests/support/failing_disk.h"
 #include "tests/support/fake_platform.h"
 #include "tests/support/processes.h"
 #include "tests/support/temporary_folder.h"
@@ -19,6 +22,7 @@ using testing::HasSubstr;
 
 const std::string kPlist = "Library/Preferences/group.brevant.plist";
 const std::string kFlag = "widgetUpdatedActivity";
+constexpr uid_t kSomebody = 65534;
 
 class SharedSettingsTest : public testing::Test {
  protected:
@@ -46,7 +50,7 @@ TEST_P(SettingsContract, ReadsItsOwnWritesAtOnceAndKeepsSnapshots) {
   const auto snapshot = settings->object(kFlag);
   EXPECT_TRUE(settings->boolean(kFlag));
   EXPECT_EQ(settings->integer(kFlag), 1);
-  EXPECT_TRUE(settings->synchronize());
+  EXPECT_EQ(settings->synchronize(), SaveOutcome());
   settings->setBool(false, kFlag);
   EXPECT_FALSE(settings->boolean(kFlag));
   ASSERT_NE(snapshot, nullptr);
@@ -60,9 +64,11 @@ TEST_F(SharedSettingsTest, KeepsEverythingElseInBothFormats) {
     const std::string before = testData(name);
     const std::string path = folder.write(kPlist, before);
     chmod(path.c_str(), 0640);
+    const bool isRoot = chown(path.c_str(), kSomebody, kSomebody) == 0 &&
+                        chown(folder.path.c_str(), kSomebody, kSomebody) == 0;
     const auto settings = open();
     settings->setBool(true, kFlag);
-    ASSERT_TRUE(settings->synchronize());
+    ASSERT_TRUE(settings->synchronize().isSaved());
 
     auto expected = parsePropertyList(before);
     ASSERT_TRUE(expected);
@@ -77,6 +83,7 @@ TEST_F(SharedSettingsTest, KeepsEverythingElseInBothFormats) {
     struct stat status {};
     EXPECT_EQ(stat(path.c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777U, 0640U);
+    EXPECT_EQ(status.st_uid, isRoot ? kSomebody : geteuid());
     EXPECT_FALSE(std::filesystem::exists(path + ".new"));
   }
 }
@@ -85,7 +92,7 @@ TEST_F(SharedSettingsTest, SeesAnotherProcessWithinTenMillisecondsAndAsksTheDisk
   const auto ours = open(), theirs = open();
   EXPECT_FALSE(ours->boolean(kFlag));
   theirs->setBool(true, kFlag);
-  ASSERT_TRUE(theirs->synchronize());
+  ASSERT_TRUE(theirs->synchronize().isSaved());
   EXPECT_FALSE(ours->boolean(kFlag));
   letTimePass();
   EXPECT_TRUE(ours->boolean(kFlag));
@@ -119,7 +126,7 @@ TEST_F(SharedSettingsTest, NeverOverwritesABrokenFile) {
     const auto settings = open();
     EXPECT_EQ(settings->integer("activityMinDuration"), 0);
     settings->setBool(true, kFlag);
-    EXPECT_FALSE(settings->synchronize());
+    EXPECT_THAT(settings->synchronize().why, HasSubstr(path));
     EXPECT_EQ(folder.read(kPlist), contents);
     EXPECT_THAT(log.lines, ElementsAre(HasSubstr(path)));
     log.lines.clear();
@@ -134,14 +141,14 @@ TEST_F(SharedSettingsTest, ChangesTheTargetOfALinkAndLeavesNothingElseBehind) {
   const auto settings = open();
   settings->setBool(true, kFlag);
   std::filesystem::create_directory(target + ".new");  // in the way of the write
-  EXPECT_FALSE(settings->synchronize());
+  EXPECT_FALSE(settings->synchronize().isSaved());
   std::filesystem::remove(target + ".new");
-  EXPECT_TRUE(settings->synchronize());
+  EXPECT_TRUE(settings->synchronize().isSaved());
   EXPECT_TRUE(std::filesystem::is_symlink(folder.path / kPlist));
   EXPECT_EQ(parsePropertyList(folder.read("elsewhere/mine"))->at(kFlag), PropertyValue{true});
 
   ASSERT_TRUE(std::filesystem::remove(target) && std::filesystem::create_directory(target));
-  EXPECT_NE(replaceFile(target, "contents"), "");
+  EXPECT_FALSE(replaceFile(target, std::nullopt, "contents"));
   EXPECT_FALSE(std::filesystem::exists(target + ".new"));
 }
 
@@ -154,10 +161,58 @@ TEST_F(SharedSettingsTest, LosesNothingWhenTwoProcessesWrite) {
       const auto settings = open();
       if (round > 0 && settings->boolean(key) == value) _exit(1);  // what we wrote is gone
       settings->setBool(value, key);
-      if (!settings->synchronize()) _exit(1);
+      if (!settings->synchronize().isSaved()) _exit(1);
     }
   }));
   EXPECT_EQ(parsePropertyList(folder.read(kPlist))->size(), 14);
+}
+
+// The tracker replaces its settings and has never heard of our lock. For a moment a reader may
+// still see what was there before.
+TEST_F(SharedSettingsTest, KeepsWhatIsSavedWithoutTheLockMeanwhile) {
+  const std::string path = folder.write(kPlist, testData("settings_xml.plist"));
+  const auto pause = [](int ms) { std::this_thread::sleep_for(std::chrono::milliseconds(ms)); };
+  EXPECT_TRUE(test::runTogether(2, [&](int process) {
+    const auto settings = open();
+    for (int round = 0; process == 0 && !std::filesystem::exists(folder.path / "end"); ++round) {
+      settings->setBool(round % 2 == 0, kFlag);
+      if (!settings->synchronize().isSaved()) _exit(1);
+    }
+    for (int round = 0; process == 1 && round < 420; ++round) {
+      const bool value = round % 2 == 0;
+      folder.write("theirs", *mergedPropertyList(folder.read(kPlist), {{"theirs", value}}));
+      std::filesystem::rename(folder.path / "theirs", path);
+      const auto isThere = [&] {
+        return parsePropertyList(folder.read(kPlist))->at("theirs") == PropertyValue{value};
+      };
+      pause(1);
+      const bool isLost = !isThere() && (pause(50), !isThere());
+      if (isLost || round == 419) folder.write("end", "");
+      if (isLost) _exit(1);
+    }
+  }));
+}
+
+TEST_F(SharedSettingsTest, SaysWhyNothingIsSavedAndWhatIsSavedButPerhapsNotForEver) {
+  const std::string path = folder.write(kPlist, testData("settings_xml.plist"));
+  const std::string lock = path + ".lock";
+  const auto settings = open();
+  settings->setBool(true, kFlag);
+  ASSERT_EQ(mkfifo(lock.c_str(), 0600), 0);
+  EXPECT_EQ(settings->synchronize(), notSaved(lock + ": cannot be locked: this is no file"));
+  std::filesystem::remove(lock);
+  {
+    const FileLock held(lock);
+    const SaveOutcome outcome = settings->synchronize();  // rather than wait for ever
+    EXPECT_EQ(outcome, notSaved(lock + ": cannot be locked: another program holds the lock"));
+    EXPECT_EQ(folder.read(kPlist), testData("settings_xml.plist"));
+  }
+  const test::FoldersCannotBeFlushed faulty;
+  const SaveOutcome outcome = settings->synchronize();
+  EXPECT_EQ(outcome.state, SaveOutcome::State::kUnconfirmed);
+  EXPECT_THAT(outcome.why, HasSubstr(path));
+  EXPECT_EQ(parsePropertyList(folder.read(kPlist))->at(kFlag), PropertyValue{true});
+  EXPECT_THAT(log.lines, testing::SizeIs(3));
 }
 
 TEST_F(SharedSettingsTest, IsAsBeforeOrAsAfterWhenKilled) {

@@ -24,7 +24,9 @@ using testing::StartsWith;
 
 // Its flag outlives the process.
 struct FileSettings : FakeSettings {
-  bool synchronize() override { return static_cast<bool>(std::ofstream(flag)); }
+  SaveOutcome synchronize() override {
+    return std::ofstream(flag) ? SaveOutcome{} : notSaved("no flag");
+  }
 
   std::filesystem::path flag;
 };

@@ -100,9 +100,9 @@ void FakeSettings::setBool(bool value, const std::string& key) {
   values[key] = {value};
 }
 
-bool FakeSettings::synchronize() {
+SaveOutcome FakeSettings::synchronize() {
   ++synchronizations;
-  return true;
+  return {};
 }
 
 ImageRef FakeBundle::imageNamed(const std::string& name) const {

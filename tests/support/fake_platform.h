@@ -70,7 +70,7 @@ struct FakeSettings : SharedSettings {
   bool boolean(const std::string& key) const override;
   std::int64_t integer(const std::string& key) const override;
   void setBool(bool value, const std::string& key) override;
-  bool synchronize() override;
+  SaveOutcome synchronize() override;
 
   PropertyDictionary values;
   int synchronizations = 0;
