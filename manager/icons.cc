@@ -72,7 +72,7 @@ ImageRef WidgetManager::customIcon(const std::string& name) const {
   const std::optional<std::string> path = pathForCustomImageGuid(name);
   if (!folder || !path || name.find('/') != std::string::npos) return nullptr;
   if (!isInside(platform_.files, *folder, *path)) return nullptr;
-  ImageRef image = platform_.images.imageWithContentsOfFile(*path);
+  ImageRef image = platform_.images.silhouetteWithContentsOfFile(*path);
   if (!image || image->scale == 1) return image;
   auto atScaleOne = std::make_shared<Image>(*image);  // whatever its name would say
   atScaleOne->scale = 1;

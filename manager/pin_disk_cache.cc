@@ -7,6 +7,7 @@
 #include "platform/file_manager.h"
 #include "platform/image_codec.h"
 #include "platform/log.h"
+#include "platform/picture_limits.h"
 #include "platform/task_queue.h"
 
 namespace brevant {

@@ -74,6 +74,15 @@ std::vector<std::uint8_t> tinted(const std::vector<std::uint8_t>& source, Fill f
   return target;
 }
 
+// Every coverage in that colour.
+Silhouette::Palette paletteOf(Fill fill) {
+  std::array<std::uint8_t, 4 * 256> coverages{};
+  for (std::size_t i = 0; i < 256; ++i) coverages[4 * i + 3] = static_cast<std::uint8_t>(i);
+  Silhouette::Palette palette{};
+  tint(coverages.data(), palette.size(), fill, palette.front().data());
+  return palette;
+}
+
 }  // namespace
 
 Color colorFromInt(std::uint64_t value) {
@@ -90,7 +99,12 @@ ImageRef extensionImageWithColor(const ImageRef& image, const std::optional<Colo
   result->pixelWidth = image->pixelWidth;
   result->pixelHeight = image->pixelHeight;
   result->scale = image->scale;
-  result->pixels = tinted(image->pixels, fillOf(*color));
+  const Fill fill = fillOf(*color);
+  if (image->silhouette) {
+    result->silhouette = {image->silhouette->coverage, paletteOf(fill)};
+  } else {
+    result->pixels = tinted(image->pixels, fill);
+  }
   return result;
 }
 

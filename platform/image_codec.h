@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -11,11 +10,8 @@
 
 namespace brevant {
 
-// Above this size a keyed archive is not read.
-inline constexpr std::size_t kMaxArchiveSize = std::size_t{8} << 20U;
-
-// PNG in and out. Thread-safe; never throws. A picture of more than 16 million pixels or of more
-// than 16,384 pixels on a side is refused before any of it is decoded.
+// PNG in and out. Thread-safe; never throws. A picture beyond picture_limits.h is refused before
+// any of it is decoded.
 class ImageCodec {
  public:
   virtual ~ImageCodec() = default;
@@ -25,6 +21,9 @@ class ImageCodec {
 
   // An image file by path; its name gives the scale ("…@2x.png"). Null when missing or unreadable.
   virtual ImageRef imageWithContentsOfFile(const std::string& path) const = 0;
+
+  // The same with its coverage alone, in black: for what is shown in one colour anyway.
+  virtual ImageRef silhouetteWithContentsOfFile(const std::string& path) const = 0;
 
   virtual std::optional<std::vector<std::uint8_t>> encodePng(const Image& image) const = 0;
 

@@ -1,25 +1,17 @@
 #include "platform/linux/image_codec.h"
 
 #include <algorithm>
-#include <png.h>
+#include <cstddef>
+#include <cstring>
 
-#include "platform/linux/durable_file.h"
+#include "platform/linux/file_bytes.h"
 #include "platform/linux/keyed_archive.h"
+#include "platform/linux/png_reader.h"
+#include "platform/linux/png_writer.h"
+#include "platform/picture_limits.h"
 
 namespace brevant {
 namespace {
-
-constexpr std::size_t kMaxFileSize = std::size_t{64} << 20U;
-constexpr png_uint_32 kMaxSide = 16'384;
-constexpr std::uint64_t kMaxPixels = 16'000'000;
-
-// libpng's handle of one picture; freed whatever happens.
-struct PngImage : png_image {
-  PngImage() : png_image{} { version = PNG_IMAGE_VERSION; }
-  ~PngImage() { png_image_free(this); }
-  PngImage(const PngImage&) = delete;
-  PngImage& operator=(const PngImage&) = delete;
-};
 
 // a * b / 255, rounded.
 std::uint8_t scaled(unsigned a, unsigned b) {
@@ -34,15 +26,12 @@ void premultiply(std::vector<std::uint8_t>& pixels) {
   }
 }
 
-std::vector<std::uint8_t> unpremultiplied(std::vector<std::uint8_t> pixels) {
-  for (std::size_t i = 0; i < pixels.size(); i += 4) {
-    const unsigned alpha = pixels[i + 3];
-    if (alpha == 255 || alpha == 0) continue;
-    for (std::size_t c = i; c < i + 3; ++c) {
-      pixels[c] = static_cast<std::uint8_t>(std::min((pixels[c] * 255U + alpha / 2) / alpha, 255U));
-    }
+void unpremultiply(std::uint8_t* pixel) {
+  const unsigned alpha = pixel[3];
+  if (alpha == 255 || alpha == 0) return;
+  for (int c = 0; c < 3; ++c) {
+    pixel[c] = static_cast<std::uint8_t>(std::min((pixel[c] * 255U + alpha / 2) / alpha, 255U));
   }
-  return pixels;
 }
 
 double scaleOfName(std::string_view path) {
@@ -50,46 +39,94 @@ double scaleOfName(std::string_view path) {
   return path.ends_with("@2x.png") ? 2 : 1;
 }
 
+bool isWhole(const Image& image) {
+  if (image.pixelWidth <= 0 || image.pixelHeight <= 0) return false;
+  const std::size_t pixels =
+      static_cast<std::size_t>(image.pixelWidth) * static_cast<std::size_t>(image.pixelHeight);
+  return image.silhouette ? image.silhouette->coverage->size() == pixels
+                          : image.pixels.size() == pixels * 4;
+}
+
+RowPainter painterOf(const Image& image, std::size_t width) {
+  return [&image, width](std::uint32_t y, std::uint8_t* row) {
+    std::copy_n(image.pixels.data() + y * width * 4, width * 4, row);
+    for (std::size_t x = 0; x < width; ++x) unpremultiply(row + 4 * x);
+  };
+}
+
+RowPainter painterOf(const Silhouette& silhouette, std::size_t width) {
+  Silhouette::Palette palette = silhouette.palette;
+  for (auto& color : palette) unpremultiply(color.data());
+  const std::uint8_t* const coverage = silhouette.coverage->data();
+  return [palette, coverage, width](std::uint32_t y, std::uint8_t* row) {
+    for (std::size_t x = 0; x < width; ++x) {
+      std::memcpy(row + 4 * x, palette[coverage[y * width + x]].data(), 4);
+    }
+  };
+}
+
+// What every coverage is in black.
+Silhouette::Palette blackPalette() {
+  Silhouette::Palette palette{};
+  for (std::size_t i = 0; i < palette.size(); ++i) palette[i][3] = static_cast<std::uint8_t>(i);
+  return palette;
+}
+
+ImageRef colorImage(DecodedPng png, double scale) {
+  premultiply(png.pixels);
+  return std::make_shared<const Image>(Image{
+      static_cast<int>(png.width), static_cast<int>(png.height), scale, std::move(png.pixels), ""});
+}
+
+ImageRef silhouetteImage(DecodedPng png, double scale) {
+  Silhouette silhouette{std::make_shared<const Silhouette::Coverage>(std::move(png.pixels)),
+                        blackPalette()};
+  return std::make_shared<const Image>(Image{static_cast<int>(png.width),
+                                             static_cast<int>(png.height),
+                                             scale,
+                                             {},
+                                             "",
+                                             std::move(silhouette)});
+}
+
+ByteSource sourceOf(std::span<const std::uint8_t> bytes) {
+  return [rest = bytes](std::uint8_t* to, std::size_t size) mutable {
+    if (size > rest.size()) return false;
+    std::copy_n(rest.data(), size, to);
+    rest = rest.subspan(size);
+    return true;
+  };
+}
+
+std::optional<DecodedPng> decodedFile(const std::string& path, PixelFormat format) {
+  FileBytes file(path, kMaxPictureFileSize);
+  return decodedPng([&](std::uint8_t* to, std::size_t size) { return file.read(to, size); },
+                    format);
+}
+
 class PngCodec : public ImageCodec {
  public:
   ImageRef decodePng(std::span<const std::uint8_t> bytes, double scale) const override {
-    PngImage png;
-    if (png_image_begin_read_from_memory(&png, bytes.data(), bytes.size()) == 0) return nullptr;
-    if (png.width > kMaxSide || png.height > kMaxSide) return nullptr;
-    if (std::uint64_t{png.width} * png.height > kMaxPixels) return nullptr;
-
-    Image image{static_cast<int>(png.width), static_cast<int>(png.height), scale, {}, ""};
-    image.pixels.resize(std::size_t{png.width} * png.height * 4);
-    png.format = PNG_FORMAT_RGBA;
-    if (png_image_finish_read(&png, nullptr, image.pixels.data(), 0, nullptr) == 0) return nullptr;
-    premultiply(image.pixels);
-    return std::make_shared<const Image>(std::move(image));
+    std::optional<DecodedPng> png = decodedPng(sourceOf(bytes), PixelFormat::kColor);
+    return png ? colorImage(std::move(*png), scale) : nullptr;
   }
 
   ImageRef imageWithContentsOfFile(const std::string& path) const override {
-    const std::optional<std::string> contents = readFile(path, kMaxFileSize);
-    if (!contents) return nullptr;
-    return decodePng({reinterpret_cast<const std::uint8_t*>(contents->data()), contents->size()},
-                     scaleOfName(path));
+    std::optional<DecodedPng> png = decodedFile(path, PixelFormat::kColor);
+    return png ? colorImage(std::move(*png), scaleOfName(path)) : nullptr;
+  }
+
+  ImageRef silhouetteWithContentsOfFile(const std::string& path) const override {
+    std::optional<DecodedPng> png = decodedFile(path, PixelFormat::kCoverage);
+    return png ? silhouetteImage(std::move(*png), scaleOfName(path)) : nullptr;
   }
 
   std::optional<std::vector<std::uint8_t>> encodePng(const Image& image) const override {
-    const auto width = static_cast<std::size_t>(std::max(image.pixelWidth, 0));
-    const auto height = static_cast<std::size_t>(std::max(image.pixelHeight, 0));
-    if (image.pixels.empty() || image.pixels.size() != width * height * 4) return std::nullopt;
-    PngImage png;
-    png.width = static_cast<png_uint_32>(width);
-    png.height = static_cast<png_uint_32>(height);
-    png.format = PNG_FORMAT_RGBA;
-    png.flags = PNG_IMAGE_FLAG_FAST;
-    const std::vector<std::uint8_t> pixels = unpremultiplied(image.pixels);
-    png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(png);
-    std::vector<std::uint8_t> bytes(size);
-    if (png_image_write_to_memory(&png, bytes.data(), &size, 0, pixels.data(), 0, nullptr) == 0) {
-      return std::nullopt;
-    }
-    bytes.resize(size);
-    return bytes;
+    if (!isWhole(image)) return std::nullopt;
+    const auto width = static_cast<std::uint32_t>(image.pixelWidth);
+    return writtenPng(
+        width, static_cast<std::uint32_t>(image.pixelHeight),
+        image.silhouette ? painterOf(*image.silhouette, width) : painterOf(image, width));
   }
 
   std::optional<ImageRef> unarchiveImage(std::span<const std::uint8_t> archive) const override {

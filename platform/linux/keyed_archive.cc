@@ -6,9 +6,9 @@
 #include <plist/plist.h>
 #include <string_view>
 
-#include "platform/image_codec.h"
 #include "platform/linux/binary_property_list.h"
 #include "platform/linux/property_list.h"
+#include "platform/picture_limits.h"
 
 namespace brevant {
 namespace {

@@ -64,6 +64,22 @@ TEST(Tint, KeepsSizeAndScaleOfImagesOfAnyLength) {
   }
 }
 
+TEST(Tint, OfASilhouetteSharesTheCoverage) {
+  const auto whole = everyCoverage();
+  Silhouette::Coverage coverage;
+  for (std::size_t i = 3; i < whole->pixels.size(); i += 4) coverage.push_back(whole->pixels[i]);
+  Image mask{256, 1, 3, {}, ""};
+  mask.silhouette = {std::make_shared<const Silhouette::Coverage>(coverage), {}};
+  const ImageRef result = extensionImageWithIntColor(std::make_shared<const Image>(mask), 0x336699);
+  EXPECT_EQ(result->silhouette->coverage, mask.silhouette->coverage);
+  EXPECT_EQ(result->scale, 3);
+  const ImageRef expected = extensionImageWithIntColor(whole, 0x336699);
+  for (std::size_t a = 0; a < 256; ++a) {
+    EXPECT_THAT(result->silhouette->palette[a],
+                testing::ElementsAreArray(std::span(expected->pixels).subspan(4 * a, 4)));
+  }
+}
+
 TEST(Tint, WithoutColourOrImageThereIsNothingToDo) {
   const ImageRef source = everyCoverage();
   EXPECT_EQ(extensionImageWithColor(source, std::nullopt), source);

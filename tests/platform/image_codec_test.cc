@@ -1,8 +1,10 @@
 #include "platform/linux/image_codec.h"
 
 #include <gtest/gtest.h>
+#include <numeric>
 
 #include "platform/linux/property_list.h"
+#include "platform/picture_limits.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_data.h"
 
@@ -52,6 +54,25 @@ TEST(ImageCodecTest, RefusesWhatIsNoPictureOrTooLarge) {
   EXPECT_FALSE(codec->encodePng(Image{}));
   EXPECT_FALSE(codec->encodePng(Image{3, 1, 1, kSample.pixels, ""}));
   EXPECT_FALSE(codec->encodePng(Image{-2, -1, 1, kSample.pixels, ""}));
+}
+
+TEST(ImageCodecTest, ASilhouetteIsTheExactCoverage) {
+  const test::TemporaryFolder folder;
+  const auto codec = makeImageCodec();
+  const auto coverageOf = [&](const std::string& png) {
+    const ImageRef image = codec->silhouetteWithContentsOfFile(folder.write("a@2x.png", png));
+    return image && image->silhouette ? *image->silhouette->coverage : Bytes();
+  };
+  Bytes every(256);
+  std::iota(every.begin(), every.end(), std::uint8_t{0});
+  EXPECT_EQ(coverageOf(testData("interlaced_16_bit.png")), every);
+  EXPECT_EQ(coverageOf(samplePng()), (Bytes{255, 128}));
+  const ImageRef black = codec->silhouetteWithContentsOfFile(folder.path / "a@2x.png");
+  const auto png = codec->encodePng(*black);
+  ASSERT_TRUE(png);
+  EXPECT_EQ(*codec->decodePng(*png, black->scale),
+            (Image{2, 1, 2, {0, 0, 0, 255, 0, 0, 0, 128}, ""}));
+  EXPECT_EQ(coverageOf(samplePng().substr(0, 60)), Bytes());
 }
 
 TEST(ImageCodecTest, TakesTheScaleFromTheFileName) {

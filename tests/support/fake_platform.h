@@ -91,6 +91,9 @@ struct FakeBundle : Bundle {
 struct FakeImageCodec : ImageCodec {
   ImageRef decodePng(std::span<const std::uint8_t>, double) const override { return nullptr; }
   ImageRef imageWithContentsOfFile(const std::string& path) const override;
+  ImageRef silhouetteWithContentsOfFile(const std::string& path) const override {
+    return imageWithContentsOfFile(path);
+  }
   std::optional<std::vector<std::uint8_t>> encodePng(const Image& image) const override {
     return image.pixels;
   }
