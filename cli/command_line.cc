@@ -147,8 +147,8 @@ Command Command::command(const std::string& name, const std::string& summary,
   return line_->addCommand(*app_, name, summary, example);
 }
 
-CommandLine::CommandLine(std::span<const char* const> arguments)
-    : arguments_(arguments.begin(), arguments.end()),
+CommandLine::CommandLine(std::vector<std::string> arguments)
+    : arguments_(std::move(arguments)),
       app_(std::make_unique<CLI::App>(
           "See what a personal time tracker is recording, and pause, stop or start it.",
           "brevant")) {
@@ -266,8 +266,6 @@ ExitCode CommandLine::refuseGroup(const LineWalk& walk) {
 
 // Help and errors name what there is, so for them everything is listed.
 std::optional<ExitCode> CommandLine::parse() {
-  addCommand(*app_, kHelpCommand, "Tell the usage of the program, or of a command",
-             "brevant help start");
   const LineWalk walk = walkLine(*app_, arguments_);
   if (walk.stray) {
     listUnbuilt();

@@ -5,7 +5,6 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -69,7 +68,7 @@ class Command {
 // that a start stays short however many commands there are. No command at all means "status".
 class CommandLine {
  public:
-  explicit CommandLine(std::span<const char* const> arguments);
+  explicit CommandLine(std::vector<std::string> arguments);
   ~CommandLine();
   CommandLine(const CommandLine&) = delete;
   CommandLine& operator=(const CommandLine&) = delete;

@@ -15,4 +15,6 @@ void addPictureCommands(CommandLine& line);    // icon, picture
 void addLinkCommand(CommandLine& line);        // open
 void addContainerCommands(CommandLine& line);  // cloud, doctor, sample
 
+void addCommands(CommandLine& line);  // all of them
+
 }  // namespace brevant

@@ -17,16 +17,6 @@ bool isControl(char c) {
   return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
 }
 
-// As $'…' spells it.
-std::string spelledOut(char c) {
-  constexpr std::string_view kDigits = "0123456789abcdef";
-  if (c == '\n') return "\\n";
-  if (c == '\\' || c == '\'') return {'\\', c};
-  if (!isControl(c)) return {c};
-  const auto byte = static_cast<unsigned char>(c);
-  return {'\\', 'x', kDigits[byte >> 4U], kDigits[byte & 15U]};
-}
-
 }  // namespace
 
 std::string shellQuoted(std::string_view text) {
@@ -41,6 +31,21 @@ std::string shellQuoted(std::string_view text) {
     }
   }
   return quoted + '\'';
+}
+
+std::string escaped(char c) {
+  if (isPlain(c)) return {c};
+  if (isControl(c)) return "$'" + spelledOut(c) + '\'';
+  return {'\\', c};
+}
+
+std::string spelledOut(char c) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  if (c == '\n') return "\\n";
+  if (c == '\\' || c == '\'') return {'\\', c};
+  if (!isControl(c)) return {c};
+  const auto byte = static_cast<unsigned char>(c);
+  return {'\\', 'x', kDigits[byte >> 4U], kDigits[byte & 15U]};
 }
 
 }  // namespace brevant

@@ -10,4 +10,8 @@ namespace brevant {
 // with control characters spelled out.
 std::string shellQuoted(std::string_view text);
 
+// One character as it stands for itself in bash, outside of quotes and within $'…'.
+std::string escaped(char c);
+std::string spelledOut(char c);
+
 }  // namespace brevant

@@ -1,60 +1,23 @@
-# Completion of brevant(1) for fish.
+# Completion of brevant(1) for fish. The program says what there is; nothing that it answers is
+# expanded here.
 
-function __brevant_guids
-    brevant activities 2>/dev/null | string match -rg '([0-9A-F]{8}(?:-[0-9A-F]{4}){3}-[0-9A-F]{12})'
+function __brevant_complete
+    set -l token (commandline -ct)
+    set -l answer (command brevant complete fish (commandline -opc)[2..] "$token" 2>/dev/null | string split0)
+    set -l head (string match -r -- '^--[^=]+=' "$token")
+    set -l typed (string replace -- "$head" '' "$token")
+    switch "$answer[1]"
+        case files
+            for path in (__fish_complete_path "$typed")
+                printf '%s\n' "$head$path"
+            end
+        case folders
+            for path in (__fish_complete_directories "$typed")
+                printf '%s\n' "$head$path"
+            end
+        case words
+            string join0 -- $answer[2..] | string split0
+    end
 end
 
-function __brevant_categories
-    brevant categories --leaves --json 2>/dev/null | string match -arg '"name":"([^"\\\\]*)"'
-end
-
-complete -c brevant -f
-complete -c brevant -l container -d 'The app-group container' -xa '(__fish_complete_directories)'
-complete -c brevant -l now -x -d 'The time, in seconds since 1970'
-complete -c brevant -l system-version -x -d 'The system version to act for'
-complete -c brevant -l color-scheme -xa 'light dark' -d 'The colours'
-complete -c brevant -l ios-app-on-mac -d 'Act as a phone application on a Mac'
-complete -c brevant -l json -d 'Answer in JSON'
-complete -c brevant -s h -l help -d 'Print the usage'
-
-set -l none 'not __fish_seen_subcommand_from activities categories category cloud doctor icon intent live open pause picture placeholder reminders resume sample snapshot start status stop timeline widgets'
-complete -c brevant -n $none -a activities -d 'List the running and paused activities'
-complete -c brevant -n $none -a categories -d 'List the categories and groups'
-complete -c brevant -n $none -a category -d 'Show one category'
-complete -c brevant -n $none -a cloud -d 'List the saved cloud records'
-complete -c brevant -n $none -a doctor -d 'Check everything that is needed'
-complete -c brevant -n $none -a icon -d 'Save a category\'s icon in a colour'
-complete -c brevant -n $none -a intent -d 'Perform what a widget\'s button asks for'
-complete -c brevant -n $none -a live -d 'Start, show and end Live Activities'
-complete -c brevant -n $none -a open -d 'Do what a widget\'s link asks for'
-complete -c brevant -n $none -a pause -d 'Pause an activity'
-complete -c brevant -n $none -a picture -d 'Draw a widget or a Live Activity'
-complete -c brevant -n $none -a placeholder -d 'Show the widget\'s entry before there is any'
-complete -c brevant -n $none -a reminders -d 'Show, schedule and deliver reminders'
-complete -c brevant -n $none -a resume -d 'Let a paused activity run again'
-complete -c brevant -n $none -a sample -d 'Make a container to try everything on'
-complete -c brevant -n $none -a snapshot -d 'Show the widget\'s entry for the gallery'
-complete -c brevant -n $none -a start -d 'Start an activity'
-complete -c brevant -n $none -a status -d 'Show what runs and what is paused'
-complete -c brevant -n $none -a stop -d 'Stop an activity'
-complete -c brevant -n $none -a timeline -d 'Show the widget\'s timeline'
-complete -c brevant -n $none -a widgets -d 'List the widgets'
-
-complete -c brevant -n '__fish_seen_subcommand_from activities' -l running -d 'Only the running ones'
-complete -c brevant -n '__fish_seen_subcommand_from categories' -l roots -d 'Only those in no group'
-complete -c brevant -n '__fish_seen_subcommand_from categories' -l leaves -d 'No groups'
-complete -c brevant -n '__fish_seen_subcommand_from category' -l id -x -d 'Guid'
-complete -c brevant -n '__fish_seen_subcommand_from category' -l name -xa '(__brevant_categories)' -d 'Name'
-complete -c brevant -n '__fish_seen_subcommand_from status' -l format -xa 'waybar i3blocks polybar' -d 'One line for a status bar'
-complete -c brevant -n '__fish_seen_subcommand_from start; and not __fish_seen_subcommand_from live' -a '(__brevant_categories)'
-complete -c brevant -n '__fish_seen_subcommand_from stop pause resume' -a '(__brevant_guids)'
-complete -c brevant -n '__fish_seen_subcommand_from intent' -a 'StopActivityIntent StopActivityLiveIntent stop pause (__brevant_guids)'
-complete -c brevant -n '__fish_seen_subcommand_from icon' -l color -x -d '0xRRGGBB'
-complete -c brevant -n '__fish_seen_subcommand_from icon picture' -s o -l output -rF -d 'File'
-complete -c brevant -n '__fish_seen_subcommand_from picture' -a 'small medium lock-screen island-compact island-minimal island-expanded'
-complete -c brevant -n '__fish_seen_subcommand_from picture' -l scale -xa '1 2 3' -d 'Pixels per point'
-complete -c brevant -n '__fish_seen_subcommand_from live' -a 'start list update end show decode'
-complete -c brevant -n '__fish_seen_subcommand_from live' -l all -d 'Also the ended ones'
-complete -c brevant -n '__fish_seen_subcommand_from reminders' -a 'settings times schedule cancel pending deliver'
-complete -c brevant -n '__fish_seen_subcommand_from reminders' -l watch -d 'Keep delivering'
-complete -c brevant -n '__fish_seen_subcommand_from sample' -xa '(__fish_complete_directories)'
+complete -c brevant -f -a '(__brevant_complete)'
