@@ -3,6 +3,7 @@
 #include "cli/database_place.h"
 #include "cli/files.h"
 #include "cli/json_widget.h"
+#include "cli/live_content.h"
 #include "cli/terminal_text.h"
 #include "cli/text_table.h"
 #include "cli/text_time.h"
@@ -37,20 +38,29 @@ ExitCode decode(Context& context) {
   return ExitCode::kDone;
 }
 
-ExitCode start(Context& context) {
-  // It is not made on the way: who mistypes it would start something that no host ever shows.
-  if (const auto trouble = missingContainer(context.platform.files)) {
-    return context.refuse(*trouble);
-  }
-  const auto coded = codedInput(context);
-  if (const auto* error = std::get_if<Unreadable>(&coded)) return context.refuse(error->why);
-  const auto result = context.platform.liveActivities.start(std::get<std::string>(coded));
+ExitCode startWith(Context& context, const std::string& content) {
+  const auto result = context.platform.liveActivities.start(content);
   if (const auto* error = std::get_if<LiveActivityError>(&result)) {
     return context.refuse(error->message);
   }
   const std::string& id = std::get<StartedLiveActivity>(result).id;
   context.print(context.options.json ? liveActivityIdJson(id) : id + '\n');
   return ExitCode::kDone;
+}
+
+ExitCode start(Context& context, const std::optional<std::string>& activity) {
+  // It is not made on the way: who mistypes it would start something that no host ever shows.
+  if (const auto trouble = missingContainer(context.platform.files)) {
+    return context.refuse(*trouble);
+  }
+  if (activity) {
+    const auto content = runningContent(context, *activity);
+    const auto* refused = std::get_if<ExitCode>(&content);
+    return refused == nullptr ? startWith(context, std::get<std::string>(content)) : *refused;
+  }
+  const auto coded = codedInput(context);
+  if (const auto* error = std::get_if<Unreadable>(&coded)) return context.refuse(error->why);
+  return startWith(context, std::get<std::string>(coded));
 }
 
 LiveActivityList listed(Context& context, bool endedToo) {
@@ -139,9 +149,11 @@ ExitCode show(Context& context, const std::optional<std::string>& id) {
 void addLiveCommands(CommandLine& line) {
   const Command live =
       line.group("live", "Start, show and end Live Activities", "brevant live list");
-  live.command("start", "Start one with the content state on stdin",
-               "brevant live start < content.json")
-      .run(start);
+  const Command starting = live.command("start", "Start one with the content state on stdin",
+                                        "brevant live start --activity GUID");
+  const auto activity = starting.optionalText(
+      "--activity", "The guid of a running activity, whose content then is made from the log");
+  starting.run([activity](Context& context) { return start(context, *activity); });
 
   const Command listing =
       live.command("list", "List the running Live Activities", "brevant live list --all --json");

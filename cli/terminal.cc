@@ -1,7 +1,9 @@
 #include "cli/terminal.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string_view>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace brevant {
@@ -38,6 +40,13 @@ std::string painted(const std::string& text, std::optional<std::uint64_t> color,
           ? "2;" + std::to_string(red) + ';' + std::to_string(green) + ';' + std::to_string(blue)
           : "5;" + std::to_string(cubeColor(red, green, blue));
   return "\x1b[38;" + code + 'm' + text + "\x1b[0m";
+}
+
+std::size_t columnsOfStdout() {
+  constexpr std::size_t kFewest = 20;
+  winsize size{};
+  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return SIZE_MAX;
+  return std::max<std::size_t>(size.ws_col, kFewest);
 }
 
 }  // namespace brevant

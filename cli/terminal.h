@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,5 +14,8 @@ Colors colorsOfStdout();
 
 // `text` in a colour 0xRRGGBB, or as it is.
 std::string painted(const std::string& text, std::optional<std::uint64_t> color, Colors colors);
+
+// How wide a line on stdout may be: without limit unless it is a terminal.
+std::size_t columnsOfStdout();
 
 }  // namespace brevant

@@ -13,7 +13,8 @@ trap 'rm -rf "$BREVANT_CONTAINER"' EXIT
 
 moment=(--now 1795435200) # 2026-11-23, noon
 "$BREVANT" "${moment[@]}" sample "$BREVANT_CONTAINER" >/dev/null
-scripts/start_live.sh "${moment[@]}" >/dev/null
+guid=$("$BREVANT" "${moment[@]}" activities --running | grep -oE '[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}')
+"$BREVANT" "${moment[@]}" live start --activity "$guid" >/dev/null
 for picture in small-dark medium-light lock-screen-light island-expanded-dark island-compact-dark \
     island-minimal-dark; do
     "$BREVANT" "${moment[@]}" picture "${picture%-*}" --color-scheme "${picture##*-}" \

@@ -33,7 +33,7 @@ show "$brevant" status
 printf '\n$ brevant timeline --json   (the pictures in base64 cut short)\n'
 "$brevant" timeline --json | sed -E 's/"png": ?"[^"]{24}[^"]*"/"png":"…"/g' | cut -c1-600
 
-guid=$("$brevant" activities --running --json | grep -oE '"guid": ?"[0-9A-F-]{36}"' | head -n 1 | grep -oE '[0-9A-F-]{36}')
+guid=$("$brevant" activities --running | grep -oE '[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}' | head -n 1)
 printf '\nThe row of the running activity, before the pause button is pressed:\n'
 rows "$guid"
 show "$brevant" intent StopActivityIntent "$guid" pause
@@ -43,7 +43,7 @@ show "$brevant" status
 show "$brevant" resume "$guid"
 
 printf '\nThe widgets, and the Live Activity that the tracker would have started, as pictures:\n'
-BREVANT="$brevant" scripts/start_live.sh >/dev/null
+"$brevant" live start --activity "$guid" >/dev/null
 for surface in small medium lock-screen island-compact island-minimal island-expanded; do
     for scheme in light dark; do
         "$brevant" picture "$surface" --color-scheme "$scheme" -o "$pictures/$surface-$scheme.png"

@@ -1,4 +1,8 @@
+#include <sstream>
+
+#include "cli/terminal_text.h"
 #include "tests/support/cli.h"
+#include "tests/support/terminal.h"
 
 namespace brevant::test {
 namespace {
@@ -86,6 +90,23 @@ TEST_F(Usage, TakesWordsAsTheyAreAfterTwoDashes) {
   }
   EXPECT_EQ(run({"start", "++"}).exitCode, 0);
   EXPECT_EQ(database.ask("SELECT count(DISTINCT category_guid) FROM logs"), "6\n");
+}
+
+TEST_F(Usage, TablesFitTheTerminalAndLoseNothing) {
+  const std::string guid = "0A0B0C0D-1111-2222-3333-444455556666";
+  addCategory("C", "a name of many words, far longer than any line of the terminal is wide");
+  addActivity(guid, "C", 1, "1699999000");
+  for (const char* command : {"activities", "status", "doctor", "categories"}) {
+    for (const std::uint16_t columns : std::initializer_list<std::uint16_t>{40, 80}) {
+      std::string shown = Terminal(words({command}), environment, columns).readAll();
+      EXPECT_EQ(shown.find(guid) != std::string::npos, command == std::string("activities"));
+      std::istringstream lines(shown);
+      for (std::string line; std::getline(lines, line);) {
+        if (line.ends_with('\r')) line.pop_back();
+        EXPECT_LE(displayWidth(line), columns) << shown;
+      }
+    }
+  }
 }
 
 TEST_F(Usage, WithoutCommandIsTheStatusAndWhatToDoNext) {

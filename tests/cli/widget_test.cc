@@ -114,6 +114,27 @@ TEST_F(LiveActivities, KeepTheirContentOnTheWayThrough) {
   EXPECT_EQ(run({"live", "show", id}).exitCode, 1);
 }
 
+TEST_F(LiveActivities, StartWithTheContentOfARunningActivity) {
+  addCategory("C", "It,s \"\"so\"\"", 0x3366AA);
+  addActivity("A", "C", 1, "1699999000.5");
+  addActivity("B", "C", 2, "NULL");
+  addActivity("N", "none", 1, "1699999000.5");
+  const std::string id = ask({"live", "start", "--activity", "A"})["id"];
+  const Json listed = ask({"live", "list"});
+  ASSERT_EQ(listed.size(), 1U);
+  EXPECT_EQ(listed[0]["id"], id);
+  EXPECT_EQ(listed[0]["contentState"], (Json{{"guid", "A"},
+                                             {"typeName", "It,s \"\"so\"\""},
+                                             {"icon", "cat_2"},
+                                             {"color", 0x3366AA},
+                                             {"start", 721691800.5},
+                                             {"message", ""}}));
+  for (const char* guid : {"B", "N", "unknown", ""}) {
+    EXPECT_EQ(run({"live", "start", "--activity", guid}).exitCode, 1) << guid;
+  }
+  EXPECT_EQ(ask({"live", "list"}).size(), 1U);
+}
+
 TEST_F(LiveActivities, RefuseWhatDoesNotDecodeOrFit) {
   const auto withMessage = [](const std::string& message) {
     return std::string(kState).replace(std::string(kState).find("<&>"), 3, message);
