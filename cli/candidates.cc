@@ -28,9 +28,9 @@ constexpr Place kPlaces[] = {
     {"", "FILE", PlaceKind::kFile},
     {"", "--output", PlaceKind::kFile},
     {"", "CATEGORY", PlaceKind::kCategory},
-    {"", "C", PlaceKind::kCategory},
+    {"", "C", PlaceKind::kCategoryOrGroup},
     {"", "--category", PlaceKind::kCategory},
-    {"", "--parent", PlaceKind::kCategory},
+    {"", "--parent", PlaceKind::kGroup},
     {"category", "--name", PlaceKind::kCategory},
     {"category", "--id", PlaceKind::kCategoryGuid},
     {"pause", "GUID", PlaceKind::kRunning},
@@ -41,6 +41,7 @@ constexpr Place kPlaces[] = {
     {"", "OPERATION", PlaceKind::kOperation},
     {"", "ID", PlaceKind::kLiveActivity},
     {"icon", "NAME", PlaceKind::kIcon},
+    {"", "--icon", PlaceKind::kIcon},
 };
 
 // A line break can be quoted in every shell, other control characters cannot; fish takes a tilde in
@@ -61,13 +62,18 @@ void add(Candidates& result, std::set<std::string>& names, const std::optional<s
   }
 }
 
-Candidates categories(const WidgetManager& manager) {
+Candidates named(const TypeList& types) {
   Candidates result;
   std::set<std::string> names;
-  for (const TypeRef& type : manager.findCategoriesOnly()) {
-    add(result, names, type->name, type->guid, "");
-  }
+  for (const TypeRef& type : types) add(result, names, type->name, type->guid, "");
   return result;
+}
+
+TypeList onlyGroups(TypeList types) {
+  std::erase_if(types, [](const TypeRef& type) {
+    return dynamic_cast<const WidgetGroup*>(type.get()) == nullptr;
+  });
+  return types;
 }
 
 Candidates categoryGuids(const WidgetManager& manager) {
@@ -141,7 +147,11 @@ std::vector<Candidate> candidates(Context& context, PlaceKind kind) {
   const auto manager = WidgetManager::open(context.platform);
   switch (kind) {
     case PlaceKind::kCategory:
-      return categories(*manager);
+      return named(manager->findCategoriesOnly());
+    case PlaceKind::kGroup:
+      return named(onlyGroups(manager->findAllTypes()));
+    case PlaceKind::kCategoryOrGroup:
+      return named(manager->findAllTypes());
     case PlaceKind::kCategoryGuid:
       return categoryGuids(*manager);
     case PlaceKind::kIcon:

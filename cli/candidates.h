@@ -24,6 +24,8 @@ enum class PlaceKind {
   kOperation,
   kIcon,
   kCategory,
+  kGroup,
+  kCategoryOrGroup,
   kCategoryGuid,
   kRunning,
   kPaused,

@@ -58,6 +58,12 @@ Shown failed(const QString& why, int exitCode = kFailed) {
   return {exitCode, why, {}};
 }
 
+// Why `brevant` refused, without its name: who reads it has run this program.
+QString reasonIn(const QString& said) {
+  const QString line = said.section(u'\n', -1);
+  return line.startsWith("brevant: "_L1) ? line.mid(9) : line;
+}
+
 Shown shownBy(QProcess& brevant, Surface surface) {
   if (!brevant.waitForFinished(kPatience)) {
     return failed(brevant.error() == QProcess::FailedToStart
@@ -69,8 +75,7 @@ Shown shownBy(QProcess& brevant, Surface surface) {
     return failed(u"%1 crashed: %2"_s.arg(brevant.program(), said.section(u'\n', -1)));
   }
   if (brevant.exitCode() != 0) {
-    return failed(said.section(u'\n', -1),
-                  brevant.exitCode() == kWrongUsage ? kWrongUsage : kFailed);
+    return failed(reasonIn(said), brevant.exitCode() == kWrongUsage ? kWrongUsage : kFailed);
   }
   const QByteArray output = brevant.readAllStandardOutput().trimmed();
   if (isTimeline(surface) && output == "null") return {};  // nothing to show
