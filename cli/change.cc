@@ -10,21 +10,8 @@
 namespace brevant {
 namespace {
 
-// What the database has, through a connection of its own. Absent when it stays unreadable.
-std::optional<ActivityList> storedActivities(Context& context) {
-  constexpr int kAttempts = 3;  // each waits for a lock as long as the database layer does
-  for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    context.log.forget();
-    ActivityList activities = WidgetManager::open(context.platform)->findActivities();
-    if (!context.log.failure()) return activities;
-  }
-  return std::nullopt;
-}
-
-NotChanged notConfirmed(Context& context) {
-  return {"the change could not be confirmed: " +
-          context.log.failure().value_or("the database could not be read")};
-}
+using Kind = ActivityWrite::Kind;
+using Outcome = TransactionEnd::Outcome;
 
 void perform(WidgetManager& manager, WidgetActivity& activity, Change change) {
   switch (change) {
@@ -37,71 +24,114 @@ void perform(WidgetManager& manager, WidgetActivity& activity, Change change) {
   }
 }
 
-// Whether an activity that is there no more was deleted rather than stopped.
-bool wasRemoved(const WidgetActivity& activity, Change change) {
-  // Stopping works on the record itself and leaves it alone when it deletes the activity.
-  return change == Change::kPause || activity.state == kStateRunning;
+// Of the closed stretches as they are stored, which a setting can make differ from what was
+// written.
+std::uint64_t storedTotal(const WidgetManager& manager, const WidgetActivity& activity) {
+  WidgetActivity stored;
+  stored.intervals = manager.dao->readIntervals(activity.guid);
+  return statusItem(stored, nullptr, {}).total;
 }
 
-// A stretch that was too short is not among them; of a stopped activity the record that was stored
-// knows, since no query has it.
-std::uint64_t total(const WidgetActivity& activity) {
-  return statusItem(activity, nullptr, {}).total;
+// With the database locked; what becomes of it the store tells when the lock is given back.
+ChangeResult changeLocked(WidgetManager& manager, Change change, const Pick& pick) {
+  const std::optional<ActivityList> activities = manager.dao->readActivities();
+  if (!activities) return NotChanged{};  // the store tells why
+  const auto picked = pick(manager, *activities);
+  if (const auto* refusal = std::get_if<NotChanged>(&picked)) return *refusal;
+  WidgetActivity& activity = *std::get<ActivityRef>(picked);
+  if (change == Change::kResume && activity.state == kStateRunning) {
+    // It would begin a new stretch and lose the one that it is in.
+    return NotChanged{nothingChanged("it is running already")};
+  }
+  perform(manager, activity, change);
+  Changed changed;
+  changed.guid = activity.guid.value_or("");
+  changed.categoryGuid = activity.categoryGuid;
+  changed.total = storedTotal(manager, activity);
+  return changed;
 }
 
-ChangeResult check(const ActivityList& stored, const WidgetActivity& activity, Change change) {
-  const auto found = std::find_if(stored.begin(), stored.end(), [&](const ActivityRef& candidate) {
-    return candidate->guid == activity.guid;
-  });
-  if (found == stored.end() && change != Change::kResume) {
-    return Changed{wasRemoved(activity, change), total(activity)};
-  }
-  const std::int32_t wanted = change == Change::kPause ? kStatePaused : kStateRunning;
-  if (found != stored.end() && change != Change::kStop && (*found)->state == wanted) {
-    return Changed{false, total(**found)};
-  }
-  return NotChanged{"the database does not have the change"};
+std::optional<std::string> nameOf(const WidgetManager& manager,
+                                  const std::optional<std::string>& categoryGuid) {
+  const TypeRef type = categoryGuid ? manager.findById(*categoryGuid) : nullptr;
+  return type ? type->name : std::nullopt;
+}
+
+bool wasRemoved(const StoreReport& store) {
+  return store.end() && store.end()->writes.back().kind == Kind::kRemoved;
 }
 
 }  // namespace
 
-ChangeResult applyChange(Context& context, std::unique_ptr<WidgetManager> manager,
-                         WidgetActivity& activity, Change change) {
-  context.log.forget();
-  perform(*manager, activity, change);
-  manager.reset();
-  if (const auto failure = context.log.failure()) return NotChanged{nothingChanged(*failure)};
-  const std::optional<ActivityList> stored = storedActivities(context);
-  if (!stored) return notConfirmed(context);
-  return check(*stored, activity, change);
-}
-
-ChangeResult changeActivity(Context& context, const std::string& guid, Change change) {
+ChangeResult changeActivity(Context& context, Change change, const Pick& pick) {
   if (const auto trouble = missingDatabase(context.platform.files)) {
     return NotChanged{nothingChanged(*trouble)};
   }
-  context.log.forget();
-  auto manager = WidgetManager::open(context.platform);
-  const ActivityList activities = manager->findActivities();
-  if (const auto failure = context.log.failure()) return NotChanged{nothingChanged(*failure)};
-  for (const ActivityRef& activity : activities) {
-    if (activity->guid == guid) return applyChange(context, std::move(manager), *activity, change);
+  context.store.forget();
+  const auto manager = context.openManager();
+  ChangeResult result = NotChanged{};
+  manager->inOneTransaction([&] { result = changeLocked(*manager, change, pick); });
+  if (const auto trouble = troubleWithChange(context)) return NotChanged{*trouble};
+  if (auto* changed = std::get_if<Changed>(&result)) {
+    changed->removed = wasRemoved(context.store);
+    changed->name = nameOf(*manager, changed->categoryGuid);
   }
-  return NotChanged{nothingChanged("there is no running or paused activity " + guid)};
+  return result;
 }
 
-StartResult startActivity(Context& context, std::unique_ptr<WidgetManager> manager,
-                          const std::string& categoryGuid) {
-  context.log.forget();
-  manager->startActivity(categoryGuid);
-  manager.reset();
-  if (const auto failure = context.log.failure()) return NotChanged{nothingChanged(*failure)};
-  const std::optional<ActivityList> stored = storedActivities(context);
-  if (!stored) return notConfirmed(context);
-  for (const ActivityRef& activity : *stored) {
-    if (activity->guid && context.random.made(*activity->guid)) return Started{*activity->guid};
+ChangeResult changeActivity(Context& context, const std::string& guid, Change change) {
+  return changeActivity(
+      context, change,
+      [&guid](WidgetManager& manager,
+              const ActivityList& activities) -> std::variant<ActivityRef, NotChanged> {
+        const auto found =
+            std::ranges::find_if(activities, [&](const auto& each) { return each->guid == guid; });
+        if (found != activities.end()) return *found;
+        return NotChanged{nothingChanged(notUnfinished(manager, guid))};
+      });
+}
+
+std::string notUnfinished(WidgetManager& manager, const std::string& guid) {
+  if (manager.dao->hasActivity(guid) == true) {
+    return "the activity " + guid + " is not running or paused";
   }
-  return NotChanged{"the database does not have the new activity"};
+  return "there is no running or paused activity " + guid;
+}
+
+StartResult startActivity(Context& context, const Choose& choose) {
+  if (const auto trouble = missingDatabase(context.platform.files)) {
+    return NotChanged{nothingChanged(*trouble)};
+  }
+  context.store.forget();
+  const auto manager = context.openManager();
+  std::variant<std::string, NotChanged> category = NotChanged{};
+  manager->inOneTransaction([&] {
+    category = choose(*manager);
+    if (context.store.failure()) return;
+    if (const auto* guid = std::get_if<std::string>(&category)) manager->startActivity(*guid);
+  });
+  if (const auto trouble = troubleWithChange(context)) return NotChanged{*trouble};
+  if (const auto* refusal = std::get_if<NotChanged>(&category)) return *refusal;
+  return Started{context.store.end()->writes.back().guid.value_or("")};
+}
+
+std::optional<std::string> troubleWithChange(Context& context) {
+  const StoreReport& store = context.store;
+  const std::string why = store.failure().value_or("the database did not take it");
+  if (!store.end()) {
+    return store.failure() ? std::optional(nothingChanged(why)) : std::nullopt;
+  }
+  switch (store.end()->outcome) {
+    case Outcome::kNotStored:
+      return nothingChanged(why);
+    case Outcome::kUnknown:
+      return "the change could not be confirmed: " + why;
+    case Outcome::kStored:
+      break;
+  }
+  if (store.flagIsMissing())
+    context.warn("the change is stored, but the tracker was not told of it");
+  return std::nullopt;
 }
 
 std::string nothingChanged(std::string_view why) {

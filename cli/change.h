@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,31 +16,45 @@ class WidgetManager;
 
 enum class Change { kStop, kPause, kResume };
 
-// What a change came to. The database layer answers nothing, so both are told by what a new
-// connection finds in the database afterwards.
+// What a change came to, by what the store told of its transaction.
 struct Changed {
-  bool removed = false;     // the activity was too short to be kept
-  std::uint64_t total = 0;  // whole seconds of its stored stretches
+  std::string guid;
+  std::optional<std::string> categoryGuid;
+  std::optional<std::string> name;  // of the category
+  bool removed = false;             // the activity was too short to be kept
+  std::uint64_t total = 0;          // whole seconds of its stored stretches
 };
 struct NotChanged {
   std::string why;  // one line
 };
 using ChangeResult = std::variant<Changed, NotChanged>;
 
-// `manager` is closed before the result is checked.
-ChangeResult applyChange(Context& context, std::unique_ptr<WidgetManager> manager,
-                         WidgetActivity& activity, Change change);
+// Picks the one that is meant of the running and paused activities, or says why there is none. The
+// database is locked while it does, so that the change works on what was picked.
+using Pick =
+    std::function<std::variant<ActivityRef, NotChanged>(WidgetManager&, const ActivityList&)>;
 
-// The same for the running or paused activity of that guid; unknown ones change nothing.
+ChangeResult changeActivity(Context& context, Change change, const Pick& pick);
+
+// The same for the running or paused activity of that guid.
 ChangeResult changeActivity(Context& context, const std::string& guid, Change change);
 
+// Why there is nothing to change under that guid.
+std::string notUnfinished(WidgetManager& manager, const std::string& guid);
+
+// Starts an activity of the category that `choose` answers with its guid, or not.
 struct Started {
   std::string guid;
 };
 using StartResult = std::variant<Started, NotChanged>;
+using Choose = std::function<std::variant<std::string, NotChanged>(WidgetManager&)>;
 
-StartResult startActivity(Context& context, std::unique_ptr<WidgetManager> manager,
-                          const std::string& categoryGuid);
+StartResult startActivity(Context& context, const Choose& choose);
+
+// Why what the store was asked for since the report began is not in the database, or may not be;
+// absent when it is there, or nothing was written and nothing failed. Warns of a change that the
+// main application was not told of.
+std::optional<std::string> troubleWithChange(Context& context);
 
 // "nothing was changed: …"
 std::string nothingChanged(std::string_view why);

@@ -1,14 +1,16 @@
 #include <algorithm>
+#include <iterator>
+#include <map>
 
 #include "cli/change.h"
 #include "cli/commands.h"
 #include "cli/context.h"
-#include "cli/database_place.h"
 #include "cli/json_records.h"
-#include "cli/status.h"
+#include "cli/terminal_text.h"
 #include "cli/text_records.h"
 #include "cli/text_time.h"
 #include "manager/widget_manager.h"
+#include "platform/text.h"
 
 namespace brevant {
 namespace {
@@ -35,7 +37,7 @@ ActivityList inState(const ActivityList& activities, std::int32_t state) {
   return result;
 }
 
-// What a command without a guid means.
+// What a command means among these.
 ActivityList meant(const ActivityList& activities, Change change) {
   ActivityList running = inState(activities, kStateRunning);
   const bool wantsPaused =
@@ -43,39 +45,106 @@ ActivityList meant(const ActivityList& activities, Change change) {
   return wantsPaused ? inState(activities, kStatePaused) : running;
 }
 
-ActivityList withGuid(const ActivityList& activities, const std::string& guid) {
-  ActivityList result;
-  for (const ActivityRef& activity : activities) {
-    if (result.empty() && activity->guid == guid) result.push_back(activity);
+// The categories of some activities, read once however many there are.
+class Categories {
+ public:
+  explicit Categories(const WidgetManager& manager) : types_(manager.findAllTypes()) {
+    for (const TypeRef& type : types_) {  // of equal guids the first counts
+      if (type->guid) byGuid_.try_emplace(*type->guid, type.get());
+    }
   }
+
+  std::optional<std::string> nameOf(const WidgetActivity& activity) const {
+    const auto found = activity.categoryGuid ? byGuid_.find(*activity.categoryGuid) : byGuid_.end();
+    return found == byGuid_.end() ? std::nullopt : found->second->name;
+  }
+
+ private:
+  TypeList types_;
+  std::map<std::string_view, const WidgetType*> byGuid_;
+};
+
+// 99990 as "99,990".
+std::string grouped(std::size_t number) {
+  std::string digits = std::to_string(number);
+  for (std::size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, ",");
+  return digits;
+}
+
+NotChanged none(Change change) {
+  if (change == Change::kResume) return {"nothing is paused"};
+  return {change == Change::kStop ? "nothing is running or paused" : "nothing is running"};
+}
+
+// The way to say it again, for each of the first few.
+NotChanged sayWhich(const Context& context, const Categories& categories, const Wording& wording,
+                    const ActivityList& candidates) {
+  constexpr std::size_t kMostListed = 10;
+  std::string command = std::string("brevant ") + wording.name + ' ';
+  if (context.options.container) {
+    command += "--container " + shellQuoted(*context.options.container) + ' ';
+  }
+  std::string line = "say which: ";
+  for (std::size_t i = 0; i < candidates.size() && i < kMostListed; ++i) {
+    if (i > 0) line += ", ";
+    line += command + shellQuoted(candidates[i]->guid.value_or("")) + " (" +
+            nameText(categories.nameOf(*candidates[i])) + ')';
+  }
+  if (candidates.size() > kMostListed) {
+    line += " … and " + grouped(candidates.size() - kMostListed) + " more";
+  }
+  return {line};
+}
+
+// With a name in another case than a category's own, too.
+ActivityList named(const Context& context, const Categories& categories,
+                   const ActivityList& activities, const std::string& name) {
+  const CaseMapping& mapping = context.platform.caseMapping;
+  const std::string wanted = mapping.lowercased(name);
+  ActivityList result;
+  std::ranges::copy_if(activities, std::back_inserter(result), [&](const ActivityRef& each) {
+    const std::optional<std::string> own = categories.nameOf(*each);
+    return own && mapping.lowercased(*own) == wanted;
+  });
   return result;
 }
 
-StatusItem itemOf(WidgetManager& manager, const WidgetActivity& activity, Date now) {
-  const TypeRef type = activity.categoryGuid ? manager.findById(*activity.categoryGuid) : nullptr;
-  return statusItem(activity, type.get(), now);
+using Picked = std::variant<ActivityRef, NotChanged>;
+
+Picked onlyOne(const Context& context, const Categories& categories, const Wording& wording,
+               const ActivityList& candidates) {
+  if (candidates.size() == 1) return candidates.front();
+  return sayWhich(context, categories, wording, candidates);
 }
 
-ExitCode refuseNone(Context& context, const std::optional<std::string>& guid, Change change) {
-  if (guid) return context.refuse("there is no running or paused activity " + *guid);
-  if (change == Change::kResume) return context.refuse("nothing is paused");
-  return context.refuse(change == Change::kStop ? "nothing is running or paused"
-                                                : "nothing is running");
+// By the activity's guid, or by its category's name.
+Picked pickNamed(const Context& context, WidgetManager& manager, const ActivityList& activities,
+                 const Wording& wording, const std::string& word) {
+  const auto found =
+      std::ranges::find_if(activities, [&](const auto& each) { return each->guid == word; });
+  if (found != activities.end()) return *found;
+  const Categories categories(manager);
+  const ActivityList ofName = named(context, categories, activities, word);
+  const ActivityList candidates = meant(ofName, wording.change);
+  if (!candidates.empty()) return onlyOne(context, categories, wording, candidates);
+  if (ofName.empty()) return NotChanged{nothingChanged(notUnfinished(manager, word))};
+  return NotChanged{
+      nothingChanged(nameText(word) + (wording.change == Change::kResume ? " is running already"
+                                                                         : " is not running"))};
 }
 
-ExitCode refuseSeveral(Context& context, WidgetManager& manager, const ActivityList& candidates) {
-  std::string line = "say which: ";
-  for (const ActivityRef& activity : candidates) {
-    const StatusItem item = itemOf(manager, *activity, context.platform.clock.now());
-    if (activity != candidates.front()) line += ", ";
-    line += item.guid.value_or("-") + " (" + nameText(item.name) + ')';
-  }
-  return context.refuse(line);
+Picked pick(const Context& context, WidgetManager& manager, const ActivityList& activities,
+            const Wording& wording, const std::optional<std::string>& word) {
+  if (word) return pickNamed(context, manager, activities, wording, *word);
+  const ActivityList candidates = meant(activities, wording.change);
+  if (candidates.empty()) return none(wording.change);
+  if (candidates.size() == 1) return candidates.front();
+  return sayWhich(context, Categories(manager), wording, candidates);
 }
 
-void tell(Context& context, const Wording& wording, const StatusItem& item, Changed changed) {
-  if (context.options.json) return context.print(guidJson(item.guid.value_or("")));
-  const std::string name = nameText(item.name);
+void tell(Context& context, const Wording& wording, const Changed& changed) {
+  if (context.options.json) return context.print(guidJson(changed.guid));
+  const std::string name = nameText(changed.name);
   if (changed.removed) {
     context.printLine("Removed " + name + ": it was too short to be kept");
   } else if (wording.change == Change::kResume) {
@@ -85,46 +154,33 @@ void tell(Context& context, const Wording& wording, const StatusItem& item, Chan
   }
 }
 
-ExitCode change(Context& context, const Wording& wording, const std::optional<std::string>& guid) {
-  if (const auto trouble = missingDatabase(context.platform.files)) {
-    return context.refuse(nothingChanged(*trouble));
-  }
-  auto manager = WidgetManager::open(context.platform);
-  const ActivityList activities = manager->findActivities();
-  if (const auto failure = context.log.failure()) return context.refuse(nothingChanged(*failure));
-
-  const ActivityList candidates =
-      guid ? withGuid(activities, *guid) : meant(activities, wording.change);
-  if (candidates.empty()) return refuseNone(context, guid, wording.change);
-  if (candidates.size() > 1) return refuseSeveral(context, *manager, candidates);
-
-  WidgetActivity& activity = *candidates.front();
-  if (wording.change == Change::kResume && activity.state == kStateRunning) {
-    // It would begin a new stretch and lose the one that it is in.
-    return context.refuse(nothingChanged("it is running already"));
-  }
-  const StatusItem item = itemOf(*manager, activity, context.platform.clock.now());
-  const ChangeResult result = applyChange(context, std::move(manager), activity, wording.change);
+ExitCode change(Context& context, const Wording& wording, const std::optional<std::string>& word) {
+  const ChangeResult result = changeActivity(
+      context, wording.change, [&](WidgetManager& manager, const ActivityList& activities) {
+        return pick(context, manager, activities, wording, word);
+      });
   if (const auto* refusal = std::get_if<NotChanged>(&result)) return context.refuse(refusal->why);
-  tell(context, wording, item, std::get<Changed>(result));
+  tell(context, wording, std::get<Changed>(result));
   return ExitCode::kDone;
 }
 
-ExitCode start(Context& context, const std::string& category) {
-  if (const auto trouble = missingDatabase(context.platform.files)) {
-    return context.refuse(nothingChanged(*trouble));
-  }
-  auto manager = WidgetManager::open(context.platform);
-  TypeRef type = manager->findById(category);
-  if (!type && !context.log.failure()) type = manager->findByName(category);
-  if (const auto failure = context.log.failure()) return context.refuse(nothingChanged(*failure));
-  if (!type) return context.refuse("there is no category " + category);
+std::variant<std::string, NotChanged> chooseCategory(const Context& context,
+                                                     const WidgetManager& manager,
+                                                     const std::string& category) {
+  TypeRef type = manager.findById(category);
+  if (!type && !context.store.failure()) type = manager.findByName(category);
+  if (!type) return NotChanged{"there is no category " + category};
   if (dynamic_cast<const WidgetGroup*>(type.get()) != nullptr) {
-    return context.refuse(category + " is a group: name one of its categories");
+    return NotChanged{category + " is a group: name one of its categories"};
   }
-  if (!type->guid) return context.refuse("the category " + category + " has no guid");
+  if (!type->guid) return NotChanged{"the category " + category + " has no guid"};
+  return *type->guid;
+}
 
-  const StartResult result = startActivity(context, std::move(manager), *type->guid);
+ExitCode start(Context& context, const std::string& category) {
+  const StartResult result = startActivity(context, [&](const WidgetManager& manager) {
+    return chooseCategory(context, manager, category);
+  });
   if (const auto* refusal = std::get_if<NotChanged>(&result)) return context.refuse(refusal->why);
   const std::string& guid = std::get<Started>(result).guid;
   context.print(context.options.json ? guidJson(guid) : guid + '\n');
@@ -142,8 +198,8 @@ void addChangeCommands(CommandLine& line) {
   for (const Wording& wording : kWordings) {
     const std::string name = wording.name;
     const Command command = line.command(name, wording.summary, "brevant " + name);
-    const auto guid =
-        command.optionalText("GUID", "The activity; may be left out when only one can be meant");
+    const auto guid = command.optionalText(
+        "GUID", "The activity, or its category's name; may be left out when only one can be meant");
     command.run([&wording, guid](Context& context) { return change(context, wording, *guid); });
   }
 }

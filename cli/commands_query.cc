@@ -55,7 +55,7 @@ ExitCode printCategory(Context& context, const std::optional<std::string>& guid,
                        const std::optional<std::string>& name) {
   const auto manager = context.openForReading();
   const TypeRef type = guid ? manager->findById(*guid) : manager->findByName(name.value_or(""));
-  if (context.log.failure()) return context.doneReading();
+  if (context.store.failure()) return context.doneReading();
   if (!type) return context.refuse("there is no category " + guid.value_or(name.value_or("")));
   context.print(context.options.json ? categoryJson(*type)
                                      : categoriesText({type}, Guids::kShown, colorsOfStdout()));

@@ -57,17 +57,17 @@ ExitCode printPending(Context& context) {
 ExitCode schedule(Context& context) {
   context.warnIfNoDatabase();
   const ReminderStore store(context);
-  const auto manager = WidgetManager::open(store.platform());
+  const auto manager = WidgetManager::open(store.platform(), context.store.listener());
   if (!manager->notifySettings().enabled) {
     if (!context.options.json) context.printLine("Reminders are off; nothing was scheduled");
     return context.done();
   }
   // With nothing to read there would be no times, and the pending ones would be gone.
   static_cast<void>(manager->notifyHours());
-  if (context.log.failure()) return context.doneReading();
+  if (context.store.failure()) return context.doneReading();
   manager->scheduleRemindMeNotifications();
   const std::size_t count = store.pending().size();
-  if (context.log.failure()) return context.doneReading();
+  if (context.store.failure()) return context.doneReading();
   if (store.problem()) return context.refuse("not every reminder was stored: " + *store.problem());
   if (!context.options.json) context.printLine("Pending reminders: " + std::to_string(count));
   return context.done();

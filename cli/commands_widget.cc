@@ -1,11 +1,14 @@
+#include "cli/change.h"
 #include "cli/commands.h"
 #include "cli/context.h"
+#include "cli/database_place.h"
 #include "cli/json_widget.h"
 #include "cli/terminal_text.h"
 #include "cli/text_table.h"
 #include "cli/text_time.h"
 #include "live/live_activity_widget.h"
 #include "live/stop_activity_live_intent.h"
+#include "manager/widget_manager.h"
 #include "platform/bundle.h"
 #include "platform/task_queue.h"
 #include "widget/stop_activity_intent.h"
@@ -48,7 +51,8 @@ std::string textOf(const WidgetContent& entry, const Context& context) {
 
 ExitCode printTimeline(Context& context) {
   context.warnIfNoDatabase();
-  const StaticConfiguration widget = RunningWidget(context.platform).body();
+  const StaticConfiguration widget =
+      RunningWidget(context.platform, context.store.listener()).body();
   std::optional<Timeline<WidgetContent>> timeline;
   widget.provider->getTimeline(
       [&timeline](Timeline<WidgetContent> delivered) { timeline = std::move(delivered); });
@@ -72,7 +76,8 @@ ExitCode printEntry(Context& context, const StaticConfiguration& widget,
 }
 
 ExitCode printSnapshot(Context& context) {
-  const StaticConfiguration widget = RunningWidget(context.platform).body();
+  const StaticConfiguration widget =
+      RunningWidget(context.platform, context.store.listener()).body();
   ExitCode code = ExitCode::kNotDone;
   widget.provider->getSnapshot(
       [&](const WidgetContent& entry) { code = printEntry(context, widget, entry); });
@@ -80,23 +85,33 @@ ExitCode printSnapshot(Context& context) {
 }
 
 ExitCode printPlaceholder(Context& context) {
-  const StaticConfiguration widget = RunningWidget(context.platform).body();
+  const StaticConfiguration widget =
+      RunningWidget(context.platform, context.store.listener()).body();
   return printEntry(context, widget, widget.provider->placeholder());
+}
+
+// An unknown guid or operation is none of the intent's concern; an activity that ended meanwhile is
+// news to whoever pressed the button.
+std::optional<std::string> troubleWithIntent(Context& context, const std::string& activityId,
+                                             const std::string& operation) {
+  if (auto missing = missingDatabase(context.platform.files)) return nothingChanged(*missing);
+  if (auto trouble = troubleWithChange(context)) return trouble;
+  if (context.store.end() || (operation != "stop" && operation != "pause")) return std::nullopt;
+  if (context.openManager()->dao->hasActivity(activityId) != true) return std::nullopt;
+  return nothingChanged("the activity " + activityId + " is not running or paused");
 }
 
 ExitCode performIntent(Context& context, const std::string& name, const std::string& activityId,
                        const std::string& operation) {
-  context.warnIfNoDatabase();
   if (name == StopActivityIntent::kName) {
-    StopActivityIntent(activityId, operation).perform(context.platform);
+    StopActivityIntent(activityId, operation).perform(context.platform, context.store.listener());
   } else {
-    StopActivityLiveIntent(activityId, operation).perform(context.platform);
+    StopActivityLiveIntent(activityId, operation)
+        .perform(context.platform, context.store.listener());
   }
   context.platform.tasks.waitUntilIdle();
-  if (const auto failure = context.log.failure()) {
-    return context.refuse("nothing was changed in the database: " + *failure);
-  }
-  return context.done();
+  const auto trouble = troubleWithIntent(context, activityId, operation);
+  return trouble ? context.refuse(*trouble) : context.done();
 }
 
 }  // namespace

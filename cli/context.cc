@@ -20,12 +20,6 @@ LinuxPlatformOptions platformOptions(const GlobalOptions& options, const std::st
   return result;
 }
 
-Platform watched(const Platform& real, RandomSource& random, Log& log) {
-  return {real.clock,  real.calendar,      real.files,          real.settings, real.bundle,
-          real.images, real.caseMapping,   real.coder,          real.process,  random,
-          real.cloud,  real.notifications, real.liveActivities, real.tasks,    log};
-}
-
 }  // namespace
 
 Context::Context(GlobalOptions globalOptions, std::vector<std::string> words,
@@ -35,14 +29,9 @@ Context::Context(GlobalOptions globalOptions, std::vector<std::string> words,
       notifications(service),
       container(options.container.value_or(defaultContainer())),
       services_(platformOptions(options, container)),
-      log(services_.platform().log),
-      random(services_.platform().random),
-      platform(watched(services_.platform(), random, log)) {}
+      platform(services_.platform()) {}
 
-// Tasks may still use the decorators, which go before the services that would wait for them.
-Context::~Context() {
-  platform.tasks.waitUntilIdle();
-}
+Context::~Context() = default;
 
 void Context::printLine(std::string_view text) {
   answer_ += text;
@@ -73,13 +62,17 @@ bool Context::warnIfNoContainer() const {
   return !trouble;
 }
 
+std::unique_ptr<WidgetManager> Context::openManager() {
+  return WidgetManager::open(platform, store.listener());
+}
+
 std::unique_ptr<WidgetManager> Context::openForReading() {
   warnIfNoDatabase();
-  return WidgetManager::open(platform);
+  return openManager();
 }
 
 ExitCode Context::doneReading() {
-  const std::optional<std::string> failure = log.failure();
+  const std::optional<std::string> failure = store.failure();
   if (!failure) return ExitCode::kDone;
   answer_.clear();
   return refuse("the database could not be read: " + *failure);

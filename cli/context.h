@@ -7,8 +7,7 @@
 
 #include "cli/exit_code.h"
 #include "cli/global_options.h"
-#include "cli/recording_random.h"
-#include "cli/watched_log.h"
+#include "cli/store_report.h"
 #include "platform/linux/linux_platform.h"
 #include "platform/platform.h"
 
@@ -46,7 +45,10 @@ class Context {
   // The same for the container, for a query that needs no database. False when it is not there.
   bool warnIfNoContainer() const;
 
-  // Opens the shared database for queries; they are empty when it is not there.
+  // Opens the shared database, which tells `store`.
+  std::unique_ptr<WidgetManager> openManager();
+
+  // The same for queries; they are empty, and this says why, when it is not there.
   std::unique_ptr<WidgetManager> openForReading();
 
   // Refuses, and takes back what was printed, when the database told of a failure: what was read
@@ -67,9 +69,8 @@ class Context {
   LinuxPlatform services_;
 
  public:
-  WatchedLog log;
-  RecordingRandom random;
-  const Platform platform;  // the services, with these two in the places of theirs
+  StoreReport store;  // what the managers opened here tell
+  const Platform platform;
 };
 
 }  // namespace brevant

@@ -94,9 +94,9 @@ Finding checkSettings(const Context& context) {
 
 Finding checkIcons(Context& context) {
   std::set<std::string> without;
-  const auto manager = WidgetManager::open(context.platform);
+  const auto manager = context.openManager();
   const TypeList types = manager->findAllTypes();
-  if (missingDatabase(context.platform.files) || context.log.failure()) {
+  if (missingDatabase(context.platform.files) || context.store.failure()) {
     return {"icons", State::kWarning, "not checked, as the categories could not be read",
             "see what is said of the database"};
   }

@@ -94,9 +94,10 @@ std::optional<std::string> makeSampleContainer(Context& context, const std::stri
   if (std::string trouble = writeCustomIcon(context, images, customIcon); !trouble.empty()) {
     return trouble;
   }
-  if (createSampleDatabase(context.platform, database, customIcon)) return std::nullopt;
+  if (createSampleDatabase(context.platform, database, customIcon, context.store.listener()))
+    return std::nullopt;
   fs::remove(database, error);  // half of one would stand in the way of the next try
-  return database.string() + ": " + context.log.failure().value_or("it could not be written");
+  return database.string() + ": " + context.store.failure().value_or("it could not be written");
 }
 
 }  // namespace brevant

@@ -75,10 +75,10 @@ IntentValue StopActivityLiveIntent::value() const {
   return {kName, activityId.value.value_or(""), operation.value.value_or("")};
 }
 
-void StopActivityLiveIntent::perform(const Platform& platform) const {
+void StopActivityLiveIntent::perform(const Platform& platform, StoreListener listener) const {
   if (!activityId.value || !operation.value) return;
   updateLiveActivity(platform, *activityId.value, *operation.value);
-  performOperation(platform, *activityId.value, *operation.value);
+  performOperation(platform, *activityId.value, *operation.value, std::move(listener));
   endLiveActivity(platform, *activityId.value, DismissalPolicy::kImmediate);
 }
 

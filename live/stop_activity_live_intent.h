@@ -4,6 +4,7 @@
 
 #include "platform/intent.h"
 #include "platform/platform.h"
+#include "store/store_events.h"
 
 namespace brevant {
 
@@ -29,7 +30,8 @@ class StopActivityLiveIntent {
   // Has no result and never fails; parameters that are not set change nothing. The Live Activity's
   // message becomes the operation and the Live Activity ends, each in a task that this starts and
   // does not wait for. The two tasks may run in any order: an update of an ended one does nothing.
-  void perform(const Platform& platform) const;
+  // The listener hears what became of the change in the database.
+  void perform(const Platform& platform, StoreListener listener = {}) const;
 };
 
 }  // namespace brevant

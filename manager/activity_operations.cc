@@ -8,6 +8,7 @@
 #include "platform/file_manager.h"
 #include "platform/process_info.h"
 #include "platform/shared_settings.h"
+#include "store/transaction.h"
 
 namespace brevant {
 namespace {
@@ -17,6 +18,18 @@ std::uint64_t nowInWholeSeconds(const Clock& clock) {
 }
 
 }  // namespace
+
+void WidgetManager::inOneTransaction(const std::function<void()>& work) {
+  heldUpdates_ = 0;
+  {
+    Transaction transaction(*dao);
+    if (transaction.isOpen()) work();
+    transaction.commit();
+  }
+  for (int held = std::exchange(heldUpdates_, std::nullopt).value_or(0); held > 0; --held) {
+    sendUpdateToApp();
+  }
+}
 
 void WidgetManager::startActivity(const std::string& categoryGuid) {
   WidgetActivity activity;
@@ -83,6 +96,10 @@ std::uint64_t WidgetManager::minDuration() const {
 
 void WidgetManager::sendUpdateToApp() {
   if (!isiOSAppOnMac()) return;
+  if (heldUpdates_) {
+    ++*heldUpdates_;
+    return;
+  }
   const CloudRecord record{"WidgetUpdate", generateGUID(), {{"deviceGuid", ""}}};
   platform_.cloud.save(kCloudContainerIdentifier, record, [](const std::string&) {});
 }

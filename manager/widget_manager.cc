@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "manager/category_tree.h"
 #include "platform/container_path.h"
@@ -10,14 +11,18 @@
 
 namespace brevant {
 
-WidgetManager::WidgetManager(const Platform& platform, const std::optional<std::string>& path)
-    : dao(std::make_unique<WidgetDAO>(platform, path)), platform_(platform), iconCache_(platform) {}
+WidgetManager::WidgetManager(const Platform& platform, const std::optional<std::string>& path,
+                             StoreListener listener)
+    : dao(std::make_unique<WidgetDAO>(platform, path, std::move(listener))),
+      platform_(platform),
+      iconCache_(platform) {}
 
 WidgetManager::~WidgetManager() = default;
 
-std::unique_ptr<WidgetManager> WidgetManager::open(const Platform& platform) {
-  return std::make_unique<WidgetManager>(platform,
-                                         containerPath(platform.files, "database.sqlite"));
+std::unique_ptr<WidgetManager> WidgetManager::open(const Platform& platform,
+                                                   StoreListener listener) {
+  return std::make_unique<WidgetManager>(platform, containerPath(platform.files, "database.sqlite"),
+                                         std::move(listener));
 }
 
 ActivityList WidgetManager::findActivities() const {

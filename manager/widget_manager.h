@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,17 +24,19 @@ struct NotifySettings;
 // nothing but its data-access object, which every query asks anew. Opened per use; the database
 // connection lives as long as it does. One thread at a time.
 //
-// Nothing is reported: failed queries are empty, failed writes leave the database as it was.
+// Nothing is reported: failed queries are empty, failed writes leave the database as it was. The
+// listener hears what became of them.
 class WidgetManager {
  public:
   // `path` by `containerPath`; absent when there is no container.
-  WidgetManager(const Platform& platform, const std::optional<std::string>& path);
+  WidgetManager(const Platform& platform, const std::optional<std::string>& path,
+                StoreListener listener = {});
   ~WidgetManager();
   WidgetManager(const WidgetManager&) = delete;
   WidgetManager& operator=(const WidgetManager&) = delete;
 
   // The manager of the shared database.
-  static std::unique_ptr<WidgetManager> open(const Platform& platform);
+  static std::unique_ptr<WidgetManager> open(const Platform& platform, StoreListener listener = {});
 
   // --- Queries ---
 
@@ -55,6 +58,11 @@ class WidgetManager {
   [[nodiscard]] std::string generateGUID() const;
 
   // --- Operations ---
+
+  // Calls `work` inside one exclusive transaction: what it reads is what its operations change,
+  // whoever else writes, and all of them are stored together or none is. Without the lock `work` is
+  // not called. The main application hears of the changes when the lock is given back.
+  void inOneTransaction(const std::function<void()>& work);
 
   void startActivity(const std::string& categoryGuid);
   void stopActivity(WidgetActivity& activity);
@@ -94,6 +102,7 @@ class WidgetManager {
 
   Platform platform_;
   PINDiskCache iconCache_;
+  std::optional<int> heldUpdates_;  // signals to the main application that wait for the lock
 };
 
 }  // namespace brevant

@@ -6,9 +6,12 @@
 
 #include "platform/fatal_error.h"
 #include "store/fm_statement.h"
+#include "store/limits.h"
 
 namespace brevant {
 namespace {
+
+using Step = StatementFailure::Step;
 
 // Marks the connection as executing for as long as a statement is being run.
 class Executing {
@@ -33,8 +36,12 @@ int randomBusySleep(RandomSource& random) {
 }  // namespace
 
 FMDatabase::FMDatabase(std::optional<std::string> path, const Clock& clock, RandomSource& random,
-                       Log& log)
-    : path_(std::move(path)), clock_(clock), random_(random), log_(log) {
+                       Log& log, StoreListener listener)
+    : path_(std::move(path)),
+      clock_(clock),
+      random_(random),
+      log_(log),
+      listener_(std::move(listener)) {
   if (sqlite3_threadsafe() == 0) fatalError("SQLite is not built thread-safe");
 }
 
@@ -46,7 +53,7 @@ bool FMDatabase::open() {
   if (handle_) return true;
   const int result = sqlite3_open(path_ ? path_->c_str() : ":memory:", &handle_);
   if (result != SQLITE_OK) {
-    report("error opening!: " + std::to_string(result));
+    fail({.step = Step::kOpen, .code = result});
     sqlite3_close(std::exchange(handle_, nullptr));  // SQLite makes a handle even then
     return false;
   }
@@ -56,7 +63,20 @@ bool FMDatabase::open() {
     };
     sqlite3_busy_handler(handle_, handler, this);
   }
+  distrust();
   return true;
+}
+
+// The file is another program's: nothing in it may reach beyond it, run for ever, or hand over more
+// than a text can sensibly have.
+void FMDatabase::distrust() {
+  sqlite3_db_config(handle_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(handle_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_limit(handle_, SQLITE_LIMIT_LENGTH, kMaxValueSize);
+  const auto handler = [](void* self) {
+    return static_cast<FMDatabase*>(self)->isOverdue() ? 1 : 0;
+  };
+  sqlite3_progress_handler(handle_, kStepsBetweenLooks, handler, this);
 }
 
 bool FMDatabase::close() {
@@ -87,10 +107,7 @@ std::unique_ptr<FMResultSet> FMDatabase::executeQuery(std::string_view sql,
   const Executing executing(isExecuting_);
   std::shared_ptr<FMStatement> statement = prepare(sql);
   if (!statement) return nullptr;
-  if (!statement->bind(arguments)) {
-    fail({"Error: the bind count is not correct for the # of variables (executeQuery)"});
-    return nullptr;
-  }
+  if (!bind(*statement, arguments, Step::kQueryCount)) return nullptr;
   return std::make_unique<FMResultSet>(*this, std::move(statement), log_);
 }
 
@@ -99,24 +116,34 @@ bool FMDatabase::executeUpdate(std::string_view sql, std::span<const Argument> a
   const Executing executing(isExecuting_);
   const std::shared_ptr<FMStatement> statement = prepare(sql);
   if (!statement) return false;
-  if (!statement->bind(arguments)) {
-    fail({"Error: the bind count (" + std::to_string(arguments.size()) +
-          ") is not correct for the # of variables in the query (" +
-          std::to_string(statement->parameterCount()) + ") (" + std::string(sql) +
-          ") (executeUpdate)"});
-    return false;
-  }
+  if (!bind(*statement, arguments, Step::kUpdateCount)) return false;
   const int result = sqlite3_step(statement->handle());
-  if (result != SQLITE_DONE) reportUpdate(result, sql);
+  if (result != SQLITE_DONE) {
+    fail({.step = result == SQLITE_ROW ? Step::kUnexpectedRow : Step::kUpdate,
+          .code = result,
+          .sql = std::string(sql)});
+  }
   if (const int ended = statement->reset(); ended != SQLITE_OK) {
-    fail({"Unknown error finalizing or resetting statement " + errorText(ended)});
+    fail({.step = Step::kFinish, .code = ended, .sql = std::string(sql)});
   }
   return result == SQLITE_DONE;
 }
 
+bool FMDatabase::bind(FMStatement& statement, std::span<const Argument> arguments,
+                      Step wrongCount) {
+  const auto wanted = static_cast<std::size_t>(statement.parameterCount());
+  if (arguments.size() != wanted) {
+    fail({.step = wrongCount, .sql = statement.query, .given = arguments.size(), .wanted = wanted});
+    return false;
+  }
+  const int result = statement.bind(arguments);
+  if (result != SQLITE_OK) fail({.step = Step::kBind, .code = result, .sql = statement.query});
+  return result == SQLITE_OK;
+}
+
 bool FMDatabase::isReady() {
-  if (!handle_) fail({"The FMDatabase " + description() + " is not open."});
-  if (isExecuting_) fail({"The FMDatabase " + description() + " is currently in use."});
+  if (!handle_) fail({.step = Step::kClosed});
+  if (isExecuting_) fail({.step = Step::kInUse});
   return handle_ && !isExecuting_;
 }
 
@@ -126,8 +153,7 @@ std::shared_ptr<FMStatement> FMDatabase::prepare(std::string_view sql) {
     sqlite3_stmt* prepared = nullptr;
     if (sqlite3_prepare_v2(handle_, sql.data(), static_cast<int>(sql.size()), &prepared, nullptr) !=
         SQLITE_OK) {
-      fail({"DB Error: " + std::to_string(lastErrorCode()) + " \"" + lastErrorMessage() + "\"",
-            "DB Query: " + std::string(sql), "DB Path: " + description()});
+      fail({.step = Step::kPrepare, .code = lastErrorCode(), .sql = std::string(sql)});
       return nullptr;
     }
     statement = std::make_shared<FMStatement>(prepared, sql);
@@ -142,24 +168,6 @@ std::shared_ptr<FMStatement> FMDatabase::cachedStatement(std::string_view sql) c
     return !statement->inUse && statement->query == sql;
   });
   return found == cachedStatements_.end() ? nullptr : *found;
-}
-
-void FMDatabase::reportUpdate(int result, std::string_view sql) {
-  const std::string error = errorText(result);
-  switch (result) {
-    case SQLITE_ROW:
-      return fail(
-          {"A executeUpdate is being called with a query string '" + std::string(sql) + "'"});
-    case SQLITE_INTERRUPT:
-      return fail(
-          {"Error calling sqlite3_step. Query was interrupted " + error + " SQLITE_INTERRUPT"});
-    case SQLITE_ERROR:
-      return fail({"Error calling sqlite3_step " + error + " SQLITE_ERROR"});
-    case SQLITE_MISUSE:
-      return fail({"Error calling sqlite3_step " + error + " SQLITE_MISUSE"});
-    default:
-      return fail({"Unknown error calling sqlite3_step " + error + " eu"});
-  }
 }
 
 bool FMDatabase::beginTransaction() {
@@ -186,6 +194,10 @@ int FMDatabase::lastErrorCode() const {
   return sqlite3_errcode(handle_);
 }
 
+int FMDatabase::lastExtendedErrorCode() const {
+  return sqlite3_extended_errcode(handle_);
+}
+
 std::string FMDatabase::lastErrorMessage() const {
   return sqlite3_errmsg(handle_);
 }
@@ -208,18 +220,58 @@ bool FMDatabase::retryAfterBusy(int count) {
   return true;
 }
 
+FMDatabase::Budget::Budget(FMDatabase* database)
+    : database_(database && !database->deadline_ ? database : nullptr) {
+  if (!database_) return;
+  database_->deadline_ = database_->clock_.monotonicSeconds() + kMostSecondsOfWork;
+  database_->spent_ = 0;
+  database_->allowed_.reset();
+}
+
+FMDatabase::Budget::~Budget() {
+  if (database_) database_->deadline_.reset();
+}
+
+// Called by SQLite from time to time while it runs a statement.
+bool FMDatabase::isOverdue() const {
+  return deadline_ && clock_.monotonicSeconds() >= *deadline_;
+}
+
+// What is read of tables cannot be more than the file has; twice, as some texts grow when they are
+// converted to UTF-8.
+bool FMDatabase::spend(std::size_t bytes) {
+  if (!deadline_) return true;
+  spent_ += bytes;
+  if (spent_ <= kReadWithoutQuestion) return true;
+  if (!allowed_) allowed_ = 2 * fileSize();
+  return spent_ <= *allowed_;
+}
+
+std::size_t FMDatabase::fileSize() const {
+  std::size_t size = 0;
+  sqlite3_stmt* statement = nullptr;
+  constexpr const char* kSize =
+      "SELECT page_count * page_size FROM pragma_page_count, pragma_page_size";
+  if (sqlite3_prepare_v2(handle_, kSize, -1, &statement, nullptr) == SQLITE_OK &&
+      sqlite3_step(statement) == SQLITE_ROW) {
+    size = static_cast<std::size_t>(sqlite3_column_int64(statement, 0));
+  }
+  sqlite3_finalize(statement);
+  return size;
+}
+
 void FMDatabase::report(std::string_view line) {
   if (logsErrors) log_.write(line);
 }
 
-// A statement failed for the reason in the first line.
-void FMDatabase::fail(std::initializer_list<std::string> lines) {
+void FMDatabase::fail(StatementFailure failure) {
+  failure.path = description();
+  if (handle_ && failure.message.empty()) failure.message = lastErrorMessage();
+  if (handle_) failure.extendedCode = lastExtendedErrorCode();
+  const std::vector<std::string> lines = logLines(failure);
   for (const std::string& line : lines) report(line);
-  if (crashOnErrors) fatalError(*lines.begin());
-}
-
-std::string FMDatabase::errorText(int code) const {
-  return "(" + std::to_string(code) + ": " + lastErrorMessage() + ")";
+  if (listener_) listener_(std::move(failure));
+  if (crashOnErrors) fatalError(lines.front());
 }
 
 std::string FMDatabase::description() const {

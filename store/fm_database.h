@@ -2,7 +2,7 @@
 
 #include <array>
 #include <concepts>
-#include <initializer_list>
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <span>
@@ -15,6 +15,7 @@
 #include "platform/random_source.h"
 #include "store/argument.h"
 #include "store/fm_result_set.h"
+#include "store/store_events.h"
 
 struct sqlite3;
 
@@ -26,12 +27,13 @@ class FMStatement;
 // destruction, which also closes every cursor that is still open. While another connection has the
 // file locked, statements wait and retry, for two seconds at most. One thread at a time.
 //
-// Nothing throws: a failed operation answers false or a null cursor and is logged. There is no
-// nesting of transactions.
+// Nothing throws: a failed operation answers false or a null cursor; the listener is told of it and
+// it is logged. There is no nesting of transactions.
 class FMDatabase {
  public:
   // Without a path: a private database in memory.
-  FMDatabase(std::optional<std::string> path, const Clock& clock, RandomSource& random, Log& log);
+  FMDatabase(std::optional<std::string> path, const Clock& clock, RandomSource& random, Log& log,
+             StoreListener listener = {});
   ~FMDatabase();
   FMDatabase(const FMDatabase&) = delete;
   FMDatabase& operator=(const FMDatabase&) = delete;
@@ -70,8 +72,26 @@ class FMDatabase {
   // is full or broken.
   [[nodiscard]] bool isInTransaction() const;
 
+  // Bounds a piece of work on a file that others wrote, while it lives: a view without end or a
+  // trigger that starts itself would otherwise keep it running, or fill the memory. Beyond its time
+  // or its amount a statement fails. One within another counts as part of that.
+  class Budget {
+   public:
+    explicit Budget(FMDatabase* database);  // null: of nothing
+    ~Budget();
+    Budget(const Budget&) = delete;
+    Budget& operator=(const Budget&) = delete;
+
+   private:
+    FMDatabase* database_;  // null when it is part of another
+  };
+
+  // Tells of a failure that is no statement's own.
+  void fail(StatementFailure failure);
+
   // Of the last statement.
   [[nodiscard]] int lastErrorCode() const;
+  [[nodiscard]] int lastExtendedErrorCode() const;
   [[nodiscard]] std::string lastErrorMessage() const;
 
   // Null while closed.
@@ -88,21 +108,31 @@ class FMDatabase {
   bool isReady();
   std::shared_ptr<FMStatement> prepare(std::string_view sql);
   std::shared_ptr<FMStatement> cachedStatement(std::string_view sql) const;
-  void reportUpdate(int result, std::string_view sql);
+  bool bind(FMStatement& statement, std::span<const Argument> arguments,
+            StatementFailure::Step wrongCount);
+  void distrust();
   bool retryAfterBusy(int count);
+  bool isOverdue() const;
+  bool spend(std::size_t bytes);
+  std::size_t fileSize() const;
   void finalizeLeakedStatements();
 
   void report(std::string_view line);
-  void fail(std::initializer_list<std::string> lines);
-  std::string errorText(int code) const;
   std::string description() const;
 
   std::optional<std::string> path_;
   const Clock& clock_;
   RandomSource& random_;
   Log& log_;
+  StoreListener listener_;
   sqlite3* handle_ = nullptr;
   bool isExecuting_ = false;
+
+  // While there is a budget: when it is over, on the clock that never steps, and the bytes read.
+  std::optional<double> deadline_;
+  std::size_t spent_ = 0;
+  std::optional<std::size_t> allowed_;  // looked up when much was spent
+
   double busyStart_ = 0;  // when the current wait began, on the clock that never steps
   std::vector<FMResultSet*> openResultSets_;
   std::vector<std::shared_ptr<FMStatement>> cachedStatements_;

@@ -33,27 +33,34 @@ FMResultSet::~FMResultSet() {
 }
 
 bool FMResultSet::next() {
+  // What a row takes in the file at least, with the columns that the main application gives each.
+  constexpr std::size_t kLeastRow = 12;
   const int result = sqlite3_step(handle_);
-  if (result == SQLITE_ROW) return true;
-  if (result != SQLITE_DONE) reportStep(result);
+  const bool isWithinBudget = !parentDB_ || parentDB_->spend(result == SQLITE_ROW ? kLeastRow : 0);
+  if (result == SQLITE_ROW && isWithinBudget) return true;
+  if (!isWithinBudget) {
+    reportTooMuch();
+  } else if (result != SQLITE_DONE) {
+    reportStep(result);
+  }
+  failed_ = result != SQLITE_DONE || !isWithinBudget;
   close();
   return false;
 }
 
 void FMResultSet::reportStep(int result) {
-  if (!parentDB_) {
+  if (parentDB_) {
+    parentDB_->fail({.step = StatementFailure::Step::kQuery, .code = result});
+  } else {
     log_.write("Error calling sqlite3_step (" + std::to_string(result) +
                ": parentDB does not exist) rs");
-    return;
   }
-  if (result == SQLITE_BUSY || result == SQLITE_LOCKED) {
-    const std::string place = std::string(__func__) + ":" + std::to_string(__LINE__);
-    parentDB_->fail({place + " Database busy (" + parentDB_->description() + ")", "Database busy"});
-    return;
-  }
-  const bool isKnown = result == SQLITE_ERROR || result == SQLITE_MISUSE;
-  const std::string kind = isKnown ? "Error" : "Unknown error";
-  parentDB_->fail({kind + " calling sqlite3_step " + parentDB_->errorText(result) + " rs"});
+}
+
+void FMResultSet::reportTooMuch() {
+  parentDB_->fail({.step = StatementFailure::Step::kQuery,
+                   .code = SQLITE_TOOBIG,
+                   .message = "it answers more than its file can hold"});
 }
 
 bool FMResultSet::isFound(Column& column) {
@@ -70,7 +77,9 @@ std::optional<std::string> FMResultSet::stringForColumn(Column& column) {
   if (!isFound(column)) return std::nullopt;
   const unsigned char* const text = sqlite3_column_text(handle_, *column.index);
   if (!text) return std::nullopt;
-  return reinterpret_cast<const char*>(text);
+  const auto size = static_cast<std::size_t>(sqlite3_column_bytes(handle_, *column.index));
+  if (parentDB_) static_cast<void>(parentDB_->spend(size));  // `next` tells when it was too much
+  return std::string(reinterpret_cast<const char*>(text), size);
 }
 
 std::int32_t FMResultSet::intForColumn(std::string_view name) {

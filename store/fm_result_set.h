@@ -34,13 +34,16 @@ class FMResultSet {
   // Steps to the next row, if there is one. Not to be called again after it was false.
   [[nodiscard]] bool next();
 
+  // Whether `next` was false for an error, so that rows may be missing.
+  [[nodiscard]] bool failed() const { return failed_; }
+
   // A column of a cursor's every row: its name is looked up once, at its first use.
   struct Column {
     std::string_view name;
     std::optional<int> index = std::nullopt;
   };
 
-  // The text up to its first NUL.
+  // The whole text, whatever bytes it has.
   [[nodiscard]] std::optional<std::string> stringForColumn(std::string_view name);
 
   [[nodiscard]] std::optional<std::string> stringForColumn(Column& column);
@@ -62,12 +65,14 @@ class FMResultSet {
   void readColumns();
   std::optional<int> find(std::string_view lowercaseName) const;
   void reportStep(int result);
+  void reportTooMuch();
 
   // All null once closed.
   FMDatabase* parentDB_;
   std::shared_ptr<FMStatement> statement_;
   sqlite3_stmt* handle_;
 
+  bool failed_ = false;
   Log& log_;
   // Index by name in lower case, read at the first look-up. So few that a search beats any map.
   std::vector<std::pair<std::string, int>> columns_;

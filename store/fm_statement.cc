@@ -12,17 +12,17 @@ struct Binder {
   sqlite3_stmt* statement;
   int index;
 
-  void operator()(std::monostate) const { sqlite3_bind_null(statement, index); }
-  void operator()(int number) const { sqlite3_bind_int(statement, index, number); }
-  void operator()(std::int64_t number) const { sqlite3_bind_int64(statement, index, number); }
-  void operator()(double number) const { sqlite3_bind_double(statement, index, number); }
-  void operator()(std::string_view text) const {
-    sqlite3_bind_text(statement, index, notNull(text.data()), static_cast<int>(text.size()),
-                      SQLITE_TRANSIENT);
+  int operator()(std::monostate) const { return sqlite3_bind_null(statement, index); }
+  int operator()(int number) const { return sqlite3_bind_int(statement, index, number); }
+  int operator()(std::int64_t number) const { return sqlite3_bind_int64(statement, index, number); }
+  int operator()(double number) const { return sqlite3_bind_double(statement, index, number); }
+  int operator()(std::string_view text) const {
+    return sqlite3_bind_text64(statement, index, notNull(text.data()), text.size(),
+                               SQLITE_TRANSIENT, SQLITE_UTF8);
   }
-  void operator()(Argument::Blob bytes) const {
-    sqlite3_bind_blob(statement, index, notNull(bytes.data()), static_cast<int>(bytes.size()),
-                      SQLITE_TRANSIENT);
+  int operator()(Argument::Blob bytes) const {
+    return sqlite3_bind_blob64(statement, index, notNull(bytes.data()), bytes.size(),
+                               SQLITE_TRANSIENT);
   }
 
  private:
@@ -47,13 +47,13 @@ int FMStatement::parameterCount() const {
   return sqlite3_bind_parameter_count(handle_);
 }
 
-bool FMStatement::bind(std::span<const Argument> arguments) {
-  if (std::cmp_not_equal(arguments.size(), parameterCount())) return false;
+int FMStatement::bind(std::span<const Argument> arguments) {
   int index = 0;
   for (const Argument& argument : arguments) {
-    std::visit(Binder{handle_, ++index}, argument.value());
+    const int result = std::visit(Binder{handle_, ++index}, argument.value());
+    if (result != SQLITE_OK) return result;
   }
-  return true;
+  return SQLITE_OK;
 }
 
 int FMStatement::reset() {

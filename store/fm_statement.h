@@ -22,8 +22,9 @@ class FMStatement {
   // How many values the statement wants.
   [[nodiscard]] int parameterCount() const;
 
-  // The values of its parameters, in order. False when their number is wrong.
-  [[nodiscard]] bool bind(std::span<const Argument> arguments);
+  // The values of its parameters, in order; as many as it wants. Answers the first error, or
+  // SQLITE_OK.
+  [[nodiscard]] int bind(std::span<const Argument> arguments);
 
   // Ends the run. Answers its error, or SQLITE_OK.
   int reset();

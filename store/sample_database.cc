@@ -10,6 +10,7 @@
 #include "platform/clock.h"
 #include "platform/uuid.h"
 #include "store/fm_database.h"
+#include "store/whole_minute.h"
 #include "store/widget_activity.h"
 
 namespace brevant {
@@ -84,8 +85,9 @@ using Stretch = std::pair<Date, Date>;
 
 class SampleWriter {
  public:
-  SampleWriter(const Platform& platform, const std::string& path)
-      : platform_(platform), database_(path, platform.clock, platform.random, platform.log) {}
+  SampleWriter(const Platform& platform, const std::string& path, StoreListener listener)
+      : platform_(platform),
+        database_(path, platform.clock, platform.random, platform.log, std::move(listener)) {}
 
   bool write(const std::string& customIcon) {
     if (!database_.open()) return false;
@@ -183,11 +185,7 @@ class SampleWriter {
     return ok;
   }
 
-  Date wholeMinute(Date date) const {
-    DateComponents components = platform_.calendar.components(date);
-    components.second = 0;
-    return platform_.calendar.date(components);
-  }
+  Date wholeMinute(Date date) const { return brevant::wholeMinute(date, platform_.calendar); }
 
   static std::int64_t updatedOn(Date date) {
     return static_cast<std::int64_t>(wholeSeconds(secondsSince1970(date)));
@@ -203,8 +201,8 @@ class SampleWriter {
 }  // namespace
 
 bool createSampleDatabase(const Platform& platform, const std::string& path,
-                          const std::string& customIcon) {
-  return SampleWriter(platform, path).write(customIcon);
+                          const std::string& customIcon, StoreListener listener) {
+  return SampleWriter(platform, path, std::move(listener)).write(customIcon);
 }
 
 }  // namespace brevant

@@ -1,5 +1,6 @@
 #include "store/widget_dao.h"
 
+#include <array>
 #include <deque>
 #include <memory_resource>
 #include <string_view>
@@ -12,6 +13,8 @@
 #include "platform/uuid.h"
 #include "store/activity_order.h"
 #include "store/fm_database.h"
+#include "store/transaction.h"
+#include "store/whole_minute.h"
 
 namespace brevant {
 namespace {
@@ -43,6 +46,13 @@ constexpr std::string_view kDeleteIntervals =
 constexpr std::string_view kDeleteActivity =
     "UPDATE logs SET is_deleted = 1, sync_status = 1, updated_on = ? WHERE guid = ?";
 
+// What was written is looked for in these.
+constexpr std::string_view kFindActivity = "SELECT 1 FROM logs WHERE guid = ?";
+constexpr std::string_view kFindVisible = "SELECT 1 FROM logs WHERE guid = ? AND is_deleted = 0";
+constexpr std::string_view kFindChange =
+    "SELECT 1 FROM logs WHERE guid = ? AND state = ? AND start_date IS ?";
+constexpr std::string_view kFindInterval = "SELECT 1 FROM time_intervals WHERE guid = ?";
+
 // The intervals of one query, which stay in their places.
 struct IntervalBlock {
   std::pmr::monotonic_buffer_resource memory;
@@ -54,40 +64,18 @@ std::uint32_t storedState(const WidgetActivity& activity) {
   return static_cast<std::uint32_t>(activity.state);
 }
 
+ActivityWrite writeOf(ActivityWrite::Kind kind, const WidgetActivity& activity) {
+  return {kind, activity.guid, activity.state, activity.start, activity.updatedOn, std::nullopt};
+}
+
 }  // namespace
 
-// One exclusive transaction. After a failed statement the others still run, so that the log tells
-// of all failures; without the transaction, or once a failure has ended it, none does, as each
-// would then be stored by itself.
-class WidgetDAO::Write {
- public:
-  explicit Write(FMDatabase* db) : db_(db), began_(db && db->beginTransaction()) {}
-
-  template <typename... Arguments>
-  void execute(std::string_view sql, const Arguments&... arguments) {
-    if (!isOpen() || !db_->executeUpdate(sql, arguments...)) failed_ = true;
-  }
-
-  // True when everything is in the file; otherwise nothing is.
-  bool commit() {
-    if (!isOpen()) return false;
-    if (!failed_ && db_->commit()) return true;
-    if (isOpen()) db_->rollback();
-    return false;
-  }
-
- private:
-  bool isOpen() const { return began_ && db_->isInTransaction(); }
-
-  FMDatabase* db_;
-  bool began_;
-  bool failed_ = false;
-};
-
-WidgetDAO::WidgetDAO(const Platform& platform, const std::optional<std::string>& path)
-    : platform_(platform) {
+WidgetDAO::WidgetDAO(const Platform& platform, const std::optional<std::string>& path,
+                     StoreListener listener)
+    : platform_(platform), listener_(std::move(listener)) {
   if (!path || !platform_.files.fileExists(*path)) return;
-  db = std::make_unique<FMDatabase>(path, platform_.clock, platform_.random, platform_.log);
+  db = std::make_unique<FMDatabase>(path, platform_.clock, platform_.random, platform_.log,
+                                    listener_);
   db->open();
   db->logsErrors = true;
 }
@@ -95,6 +83,7 @@ WidgetDAO::WidgetDAO(const Platform& platform, const std::optional<std::string>&
 WidgetDAO::~WidgetDAO() = default;
 
 TypeList WidgetDAO::findTypes() const {
+  const FMDatabase::Budget budget(db.get());
   std::vector<std::unique_ptr<WidgetType>> types;
   const auto row = db ? db->executeQuery(kSelectTypes) : nullptr;
   while (row && row->next()) types.push_back(WidgetType::typeFromResultSet(*row));
@@ -102,18 +91,45 @@ TypeList WidgetDAO::findTypes() const {
 }
 
 ActivityList WidgetDAO::findActivities() const {
-  ActivityList activities;
-  const auto row = db ? db->executeQuery(kSelectActivities) : nullptr;
-  while (row && row->next()) {
-    ActivityRef activity = WidgetActivity::activityFromResultSet(*row);
-    activity->intervals = findIntervals(activity->guid);
-    activities.push_back(std::move(activity));
-  }
-  sortForDisplay(activities);
-  return activities;
+  return activities().list;
 }
 
-IntervalList WidgetDAO::findIntervals(const std::optional<std::string>& activityGuid) const {
+std::optional<ActivityList> WidgetDAO::readActivities() const {
+  Rows<ActivityList> rows = activities();
+  if (rows.failed) return std::nullopt;
+  return std::move(rows.list);
+}
+
+std::optional<IntervalList> WidgetDAO::readIntervals(
+    const std::optional<std::string>& activityGuid) const {
+  if (!db) return IntervalList();
+  const FMDatabase::Budget budget(db.get());
+  Rows<IntervalList> rows = intervals(activityGuid);
+  if (rows.failed) return std::nullopt;
+  return std::move(rows.list);
+}
+
+WidgetDAO::Rows<ActivityList> WidgetDAO::activities() const {
+  Rows<ActivityList> result;
+  if (!db) return result;
+  const FMDatabase::Budget budget(db.get());
+  const auto row = db->executeQuery(kSelectActivities);
+  while (row && row->next()) {
+    ActivityRef activity = WidgetActivity::activityFromResultSet(*row);
+    Rows<IntervalList> closed = intervals(activity->guid);
+    result.failed = result.failed || closed.failed;
+    activity->intervals = std::move(closed.list);
+    result.list.push_back(std::move(activity));
+  }
+  result.failed = result.failed || !row || row->failed();
+  lastReadFailed_ = result.failed;
+  if (result.failed && transaction_) transaction_->fail();
+  sortForDisplay(result.list);
+  return result;
+}
+
+WidgetDAO::Rows<IntervalList> WidgetDAO::intervals(
+    const std::optional<std::string>& activityGuid) const {
   // A few allocations for all rather than one each: there can be very many.
   const auto block = std::make_shared<IntervalBlock>();
   std::pmr::deque<WidgetInterval>* const records = &block->records;
@@ -123,64 +139,139 @@ IntervalList WidgetDAO::findIntervals(const std::optional<std::string>& activity
     WidgetInterval::Reader reader(*row, platform_.settings);
     while (row->next()) reader.read(records->emplace_back());
   }
-  IntervalList intervals;
-  intervals.reserve(records->size());
-  for (WidgetInterval& each : *records) intervals.emplace_back(block, &each);
-  return intervals;
+  Rows<IntervalList> result{{}, !row || row->failed()};
+  result.list.reserve(records->size());
+  for (WidgetInterval& each : *records) result.list.emplace_back(block, &each);
+  return result;
 }
 
 void WidgetDAO::save(WidgetActivity& activity) {
-  Write write(db.get());
+  Transaction transaction(*this);
   activity.guid = generateGUID();
-  write.execute(kInsertActivity, activity.guid, activity.start, storedState(activity),
-                activity.categoryGuid, activity.updatedOn);
+  transaction.execute(kInsertActivity, activity.guid, activity.start, storedState(activity),
+                      activity.categoryGuid, activity.updatedOn);
+  ActivityWrite write = writeOf(ActivityWrite::Kind::kSaved, activity);
   if (activity.intervals) {
-    for (const auto& interval : *activity.intervals) insertInterval(write, activity, *interval);
+    for (const auto& interval : *activity.intervals) {
+      insertInterval(transaction, activity, *interval);
+      write.newInterval = interval->guid;
+    }
   }
-  finish(write);
+  finish(transaction, std::move(write));
 }
 
 void WidgetDAO::update(WidgetActivity& activity) {
-  Write write(db.get());
-  write.execute(kUpdateActivity, activity.start, storedState(activity), activity.categoryGuid,
-                activity.updatedOn, activity.guid);
+  Transaction transaction(*this);
+  if (lastReadFailed_) transaction.fail();
+  transaction.execute(kUpdateActivity, activity.start, storedState(activity), activity.categoryGuid,
+                      activity.updatedOn, activity.guid);
+  ActivityWrite write = writeOf(ActivityWrite::Kind::kUpdated, activity);
   if (activity.intervals) {
     for (const auto& interval : *activity.intervals) {
       if (interval->guid.value_or("").empty()) {
-        insertInterval(write, activity, *interval);
+        insertInterval(transaction, activity, *interval);
+        write.newInterval = interval->guid;
       } else {
         // The minute columns stay as the main application wrote them.
-        write.execute(kUpdateInterval, interval->from, interval->to, interval->updatedOn,
-                      interval->guid);
+        transaction.execute(kUpdateInterval, interval->from, interval->to, interval->updatedOn,
+                            interval->guid);
       }
     }
   }
-  finish(write);
+  finish(transaction, std::move(write));
 }
 
 void WidgetDAO::removeLogSilently(const WidgetActivity& activity) {
-  Write write(db.get());
+  Transaction transaction(*this);
+  if (lastReadFailed_) transaction.fail();
   const std::uint64_t now = wholeSeconds(secondsSince1970(platform_.clock.now()));
-  write.execute(kDeleteIntervals, now, activity.guid);
-  write.execute(kDeleteActivity, now, activity.guid);
-  finish(write);
+  transaction.execute(kDeleteIntervals, now, activity.guid);
+  transaction.execute(kDeleteActivity, now, activity.guid);
+  finish(transaction, writeOf(ActivityWrite::Kind::kRemoved, activity));
 }
 
-void WidgetDAO::insertInterval(Write& write, const WidgetActivity& activity,
+void WidgetDAO::insertInterval(Transaction& transaction, const WidgetActivity& activity,
                                WidgetInterval& interval) {
   interval.guid = generateGUID();
-  write.execute(kInsertInterval, interval.guid, interval.from, interval.to, minuteOf(interval.from),
-                minuteOf(interval.to), activity.guid, activity.categoryGuid, activity.updatedOn);
+  transaction.execute(kInsertInterval, interval.guid, interval.from, interval.to,
+                      minuteOf(interval.from), minuteOf(interval.to), activity.guid,
+                      activity.categoryGuid, activity.updatedOn);
 }
 
-void WidgetDAO::finish(Write& write) {
-  if (write.commit()) activityUpdated();
+// A statement can go well and write nothing: the guid's index is damaged, or a trigger undoes it.
+void WidgetDAO::finish(Transaction& transaction, ActivityWrite write) {
+  if (transaction.isOpen() && !transaction.hasFailed()) {
+    std::optional<bool> stored = rowIsStored(write);
+    if (stored == true && write.newInterval) stored = intervalIsStored(write);
+    if (stored == false) {
+      db->fail({.step = StatementFailure::Step::kRowNotWritten,
+                .message = "the change did not reach the row"});
+    }
+    if (!stored.value_or(false)) transaction.fail();
+  }
+  transaction.wrote(std::move(write));
+  transaction.commit();
+}
+
+std::optional<bool> WidgetDAO::hasActivity(const std::string& guid) const {
+  const Argument argument(guid);
+  return db ? isThere(kFindActivity, std::span(&argument, 1)) : false;
+}
+
+std::optional<bool> WidgetDAO::isThere(std::string_view sql,
+                                       std::span<const Argument> arguments) const {
+  const FMDatabase::Budget budget(db.get());
+  const auto row = db->executeQuery(sql, arguments);
+  if (row && row->next()) return true;
+  if (!row || row->failed()) return std::nullopt;
+  return false;
+}
+
+std::optional<bool> WidgetDAO::intervalIsStored(const ActivityWrite& write) const {
+  const Argument interval(write.newInterval);
+  return isThere(kFindInterval, std::span(&interval, 1));
+}
+
+std::optional<bool> WidgetDAO::rowIsStored(const ActivityWrite& write) const {
+  const Argument guid(write.guid);
+  switch (write.kind) {
+    case ActivityWrite::Kind::kSaved:
+      return isThere(kFindActivity, std::span(&guid, 1));
+    case ActivityWrite::Kind::kUpdated: {
+      const std::array change{guid, Argument(static_cast<std::uint32_t>(write.state)),
+                              Argument(write.start)};
+      return isThere(kFindChange, change);
+    }
+    case ActivityWrite::Kind::kRemoved: {
+      const std::optional<bool> visible = isThere(kFindVisible, std::span(&guid, 1));
+      return visible ? std::optional(!*visible) : std::nullopt;
+    }
+  }
+  return std::nullopt;
+}
+
+// On a connection of its own, which undoes what an unfinished commit left.
+TransactionEnd::Outcome WidgetDAO::readAgain(const ActivityWrite& write) {
+  constexpr int kAttempts = 3;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    db->close();
+    if (!db->open()) continue;
+    // By then another may have changed the row; the interval's guid is nobody else's.
+    const std::optional<bool> stored =
+        write.newInterval ? intervalIsStored(write) : rowIsStored(write);
+    if (stored) {
+      return *stored ? TransactionEnd::Outcome::kStored : TransactionEnd::Outcome::kNotStored;
+    }
+  }
+  return TransactionEnd::Outcome::kUnknown;
+}
+
+void WidgetDAO::tell(const StoreEvent& event) const {
+  if (listener_) listener_(event);
 }
 
 Date WidgetDAO::dateWithZeroSeconds(Date date) const {
-  DateComponents components = platform_.calendar.components(date);
-  components.second = 0;
-  return platform_.calendar.date(components);
+  return wholeMinute(date, platform_.calendar);
 }
 
 std::optional<Date> WidgetDAO::minuteOf(const std::optional<Date>& date) const {
@@ -190,7 +281,7 @@ std::optional<Date> WidgetDAO::minuteOf(const std::optional<Date>& date) const {
 
 void WidgetDAO::activityUpdated() {
   platform_.settings.setBool(true, "widgetUpdatedActivity");
-  platform_.settings.synchronize();
+  if (!platform_.settings.synchronize()) tell(FlagNotRaised{});
 }
 
 std::string WidgetDAO::generateGUID() {

@@ -39,6 +39,10 @@ struct WidgetType : WidgetModel {
 
 // A category that contains categories.
 struct WidgetGroup : WidgetType {
+  WidgetGroup() = default;
+  WidgetGroup(const WidgetGroup&) = delete;  // a copy would outlive its children
+  WidgetGroup& operator=(const WidgetGroup&) = delete;
+
   // Borrowed: the records of one query live and die together (see `TypeList`), so that neither
   // deep nor circular parents can leak or overflow anything. Filled by the manager.
   std::optional<std::vector<WidgetType*>> children;

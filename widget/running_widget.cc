@@ -13,7 +13,7 @@ StaticConfiguration RunningWidget::body() const {
   };
   return {
       .kind = kind,
-      .provider = std::make_unique<Provider>(platform_, WidgetManager::open(platform_)),
+      .provider = std::make_unique<Provider>(platform_, WidgetManager::open(platform_, listener_)),
       .content = content,
       .displayName = "Runnning activity",  // sic: what the gallery has always shown
       .description = "Displays most recent started activity",

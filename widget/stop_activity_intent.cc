@@ -15,9 +15,9 @@ IntentValue StopActivityIntent::value() const {
   return {kName, activityId.value.value_or(""), operation.value.value_or("")};
 }
 
-void StopActivityIntent::perform(const Platform& platform) const {
+void StopActivityIntent::perform(const Platform& platform, StoreListener listener) const {
   if (!activityId.value || !operation.value) return;
-  performOperation(platform, *activityId.value, *operation.value);
+  performOperation(platform, *activityId.value, *operation.value, std::move(listener));
 }
 
 }  // namespace brevant

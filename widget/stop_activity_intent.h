@@ -4,6 +4,7 @@
 
 #include "platform/intent.h"
 #include "platform/platform.h"
+#include "store/store_events.h"
 
 namespace brevant {
 
@@ -23,8 +24,9 @@ class StopActivityIntent {
   // As a button holds it.
   [[nodiscard]] IntentValue value() const;
 
-  // Has no result and never fails; parameters that are not set change nothing.
-  void perform(const Platform& platform) const;
+  // Has no result and never fails; parameters that are not set change nothing. The listener hears
+  // what became of the change.
+  void perform(const Platform& platform, StoreListener listener = {}) const;
 };
 
 }  // namespace brevant

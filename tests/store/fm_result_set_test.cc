@@ -35,7 +35,7 @@ TEST_F(FMResultSetTest, ReadsEveryTypeAsSQLiteConvertsIt) {
       {"''", "", 0, 0},
       {"x''", "", 0, 0},
       {"x'31FF'", "1\xFF", 1, 1},
-      {"CAST(x'610062' AS TEXT)", "a", 0, 0},
+      {"CAST(x'610062' AS TEXT)", std::string("a\0b", 3), 0, 0},
   };
   for (const auto& [value, text, number, date] : kCases) {
     const auto row = db->executeQuery(std::string("SELECT ") + value + " AS Value");

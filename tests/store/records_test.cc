@@ -46,7 +46,7 @@ TEST(WidgetTypeTest, TakesWhateverTheColumnsHold) {
     EXPECT_EQ(group != nullptr, expected) << isGroup;
     EXPECT_TRUE(!group || !group->children);
     EXPECT_EQ(type->guid, std::nullopt);
-    EXPECT_EQ(type->name, "");
+    EXPECT_EQ(type->name, std::string(1, '\0'));
     EXPECT_EQ(type->imageGuid, "3.9");
     EXPECT_EQ(type->parentGuid, "p");
     EXPECT_EQ(type->color, UINT64_MAX);  // the 32-bit number, widened

@@ -63,9 +63,14 @@ std::string TestDatabase::ask(const std::string& sql) const {
   return rows;
 }
 
-FileLock::FileLock(const TestDatabase& database) : connection_(connect(database.path)) {
+FileLock::FileLock(const TestDatabase& database, const std::string& kind)
+    : connection_(connect(database.path)) {
+  run("BEGIN " + kind);
+}
+
+void FileLock::run(const std::string& sql) const {
   std::string none;
-  execute(connection_, "BEGIN EXCLUSIVE", &none);
+  execute(connection_, sql, &none);
 }
 
 void FileLock::release() {

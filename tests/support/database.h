@@ -33,14 +33,16 @@ class TestDatabase {
   const std::string path = folder / "database.sqlite";
 };
 
-// A connection that has the file locked against everybody else until `release` or its end.
+// Another program's connection with a transaction of that kind, open until "COMMIT" is run, or
+// undone by `release` or its end. Exclusive ones keep everybody out, immediate ones let readers in.
 class FileLock {
  public:
-  explicit FileLock(const TestDatabase& database);
+  explicit FileLock(const TestDatabase& database, const std::string& kind = "EXCLUSIVE");
   ~FileLock() { release(); }
   FileLock(const FileLock&) = delete;
   FileLock& operator=(const FileLock&) = delete;
 
+  void run(const std::string& sql) const;
   void release();
 
  private:
