@@ -6,7 +6,7 @@
 #include "cli/commands.h"
 #include "cli/context.h"
 #include "cli/json_records.h"
-#include "cli/terminal_text.h"
+#include "cli/shell_words.h"
 #include "cli/text_records.h"
 #include "cli/text_time.h"
 #include "manager/widget_manager.h"

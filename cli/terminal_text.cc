@@ -81,17 +81,6 @@ std::string onOneLine(std::string_view text) {
   return replaced(text, [](char32_t) { return ' '; });
 }
 
-std::string shellQuoted(std::string_view text) {
-  constexpr std::string_view kPlain =
-      "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-_./:,@%+=";
-  if (!text.empty() && text.find_first_not_of(kPlain) == std::string_view::npos) {
-    return std::string(text);
-  }
-  std::string quoted = "'";
-  for (const char c : text) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  return quoted + '\'';
-}
-
 std::size_t displayWidth(std::string_view text) {
   std::optional<UnicodeWidths> widths;
   std::size_t columns = 0;

@@ -13,9 +13,6 @@ std::string printable(std::string_view text);
 // Valid UTF-8 on one line: control characters become spaces. For programs that draw the text.
 std::string onOneLine(std::string_view text);
 
-// As one word of a shell's command line.
-std::string shellQuoted(std::string_view text);
-
 // The columns that a printable text takes: two for wide characters, none for combining ones.
 std::size_t displayWidth(std::string_view text);
 
