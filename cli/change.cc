@@ -129,8 +129,9 @@ std::optional<std::string> troubleWithChange(Context& context) {
     case Outcome::kStored:
       break;
   }
-  if (store.flagIsMissing())
-    context.warn("the change is stored, but the tracker was not told of it");
+  if (store.untold()) {
+    context.warn("the change is stored, but the tracker was not told of it: " + *store.untold());
+  }
   return std::nullopt;
 }
 

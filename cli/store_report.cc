@@ -28,7 +28,7 @@ StoreListener StoreReport::listener() {
     } else if (const auto* end = std::get_if<TransactionEnd>(&event)) {
       end_ = *end;
     } else {
-      flagIsMissing_ = true;
+      untold_ = std::get<FlagNotRaised>(event).why;
     }
   };
 }

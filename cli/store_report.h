@@ -24,13 +24,13 @@ class StoreReport {
   // Of the last transaction that wrote; absent when none did.
   [[nodiscard]] const std::optional<TransactionEnd>& end() const { return end_; }
 
-  // The change is stored, but the main application was not told.
-  [[nodiscard]] bool flagIsMissing() const { return flagIsMissing_; }
+  // Why the main application was not told of a change that is stored.
+  [[nodiscard]] const std::optional<std::string>& untold() const { return untold_; }
 
  private:
   std::optional<StatementFailure> failure_;
   std::optional<TransactionEnd> end_;
-  bool flagIsMissing_ = false;
+  std::optional<std::string> untold_;
 };
 
 }  // namespace brevant

@@ -65,7 +65,9 @@ struct TransactionEnd {
 };
 
 // The change is stored, but the main application was not told to reload.
-struct FlagNotRaised {};
+struct FlagNotRaised {
+  std::string why;
+};
 
 using StoreEvent = std::variant<StatementFailure, TransactionEnd, FlagNotRaised>;
 

@@ -281,7 +281,8 @@ std::optional<Date> WidgetDAO::minuteOf(const std::optional<Date>& date) const {
 
 void WidgetDAO::activityUpdated() {
   platform_.settings.setBool(true, "widgetUpdatedActivity");
-  if (!platform_.settings.synchronize()) tell(FlagNotRaised{});
+  const SaveOutcome saved = platform_.settings.synchronize();
+  if (!saved.isSaved()) tell(FlagNotRaised{saved.why});
 }
 
 std::string WidgetDAO::generateGUID() {
