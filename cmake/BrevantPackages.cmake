@@ -23,23 +23,23 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 
 set(CPACK_DEBIAN_CLI_PACKAGE_NAME brevant)
 set(CPACK_COMPONENT_CLI_DESCRIPTION "command line of a personal time tracker's log
- See what a personal time tracker is recording, and pause, stop or start it,
- from a terminal, a status bar or a widget host.")
+See what a personal time tracker is recording, and pause, stop or start it,
+from a terminal, a status bar or a widget host.")
 
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_NAME brevant-desktop)
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS
   "brevant (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), fonts-inter")
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_RECOMMENDS notification-daemon)
 set(CPACK_COMPONENT_DESKTOP_DESCRIPTION "desktop widgets of a personal time tracker's log
- Shows what is being recorded as desktop widgets and in the tray, with buttons
- that pause and stop it, and delivers the reminders.")
+Shows what is being recorded as desktop widgets and in the tray, with buttons
+that pause and stop it, and delivers the reminders.")
 
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libbrevant-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libsqlite3-dev, libplist-dev, libpng-dev, libunistring-dev, nlohmann-json3-dev, libsdbus-c++-dev, libsystemd-dev")
 set(CPACK_COMPONENT_DEV_DESCRIPTION "library to read and write a personal time tracker's log
- Static libraries and headers of what the brevant command line is made of, with
- a CMake package and a pkg-config file.")
+Static libraries and headers of what the brevant command line is made of, with
+a CMake package and a pkg-config file.")
 
 # What Debian wants to find of every package.
 string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)  # SOURCE_DATE_EPOCH's, where it is set
