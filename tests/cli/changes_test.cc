@@ -70,7 +70,8 @@ TEST_F(Changes, TellWhatBecameOfTheActivity) {
   EXPECT_EQ(run({"resume", "A"}).out, "Resumed Code\n");
   EXPECT_EQ(run({"resume", "A"}).err, "brevant: nothing was changed: it is running already\n");
   EXPECT_EQ(run({"stop", "A"}).out, "Stopped Code after 0:00:10\n");
-  EXPECT_EQ(run({"stop", "A"}).err, "brevant: nothing was changed: the activity A is not running or paused\n");
+  EXPECT_EQ(run({"stop", "A"}).err,
+            "brevant: nothing was changed: the activity A is not running or paused\n");
 
   write("Library/Preferences/group.brevant.plist",
         "<plist version=\"1.0\"><dict><key>activityMinDuration</key><integer>2</integer></dict>"
