@@ -2,18 +2,13 @@
 
 #include <cmath>
 #include <nlohmann/json.hpp>
-#include <set>
 
-#include "platform/linux/json_check.h"
+#include "platform/linux/json_object.h"
 
 namespace brevant {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-std::string inQuotes(std::string_view key) {
-  return "\"" + std::string(key) + "\"";
-}
 
 class JsonEncoder : public KeyedEncoder {
  public:
@@ -46,60 +41,40 @@ class JsonEncoder : public KeyedEncoder {
 
 class JsonDecoder : public KeyedDecoder {
  public:
-  explicit JsonDecoder(const Json& object) : object_(object) {}
+  explicit JsonDecoder(const JsonFields& fields) : fields_(fields) {}
 
   Decoded<std::string> text(std::string_view key) const override {
-    return value<std::string>(key, &Json::is_string, "a text");
+    const auto* const text = std::get_if<std::string>(field(key));
+    return text ? Decoded<std::string>(*text) : error(key, "a text");
   }
 
   Decoded<std::uint64_t> unsignedInteger(std::string_view key) const override {
-    return value<std::uint64_t>(key, &Json::is_number_unsigned,
-                                "a whole number from 0 to 18446744073709551615");
+    const auto* const number = std::get_if<JsonNumber>(field(key));
+    const auto whole = number ? wholeNumber(number->spelling) : std::nullopt;
+    if (whole) return *whole;
+    return error(key, "a whole number from 0 to 18446744073709551615");
   }
 
   Decoded<ReferenceDate> date(std::string_view key) const override {
-    const Decoded<double> seconds = value<double>(key, &Json::is_number, "a number of seconds");
-    if (const auto* error = std::get_if<DecodingError>(&seconds)) return *error;
-    return ReferenceDate(Seconds(std::get<double>(seconds)));
+    const auto* const number = std::get_if<JsonNumber>(field(key));
+    if (!number) return error(key, "a number of seconds");
+    return ReferenceDate(Seconds(number->value));
   }
 
  private:
-  template <typename Value>
-  Decoded<Value> value(std::string_view key, bool (Json::*hasType)() const noexcept,
-                       const char* expected) const {
-    const auto found = object_.find(key);
-    if (found == object_.end()) return DecodingError{inQuotes(key) + " is missing"};
-    if (!((*found).*hasType)()) return DecodingError{inQuotes(key) + " is not " + expected};
-    return found->template get<Value>();
+  // Null when it is missing.
+  const JsonField* field(std::string_view key) const {
+    const auto found = fields_.find(key);
+    return found == fields_.end() ? nullptr : &found->second;
   }
 
-  const Json& object_;
+  DecodingError error(std::string_view key, const char* expected) const {
+    const std::string name = '"' + std::string(key) + '"';
+    return {name + (field(key) ? std::string(" is not ") + expected : " is missing")};
+  }
+
+  const JsonFields& fields_;
 };
-
-// The object that the text stands for.
-Decoded<Json> parsed(std::string_view coded) {
-  if (std::string harm = harmInJson(coded); !harm.empty()) {
-    return DecodingError{"The content " + harm};
-  }
-  std::set<std::string> keys;
-  std::optional<std::string> key, repeated;  // the object's own: the last one; one that came again
-  const auto look = [&](int depth, Json::parse_event_t event, const Json& value) {
-    if (depth != 1 || event != Json::parse_event_t::key) return true;
-    key = value.get<std::string>();
-    if (!keys.insert(*key).second) repeated = key;
-    return true;
-  };
-  try {
-    Json object = Json::parse(coded, look);
-    if (!object.is_object()) return DecodingError{"The content is no JSON object"};
-    if (repeated) return DecodingError{inQuotes(*repeated) + " stands there twice"};
-    return object;
-  } catch (const Json::out_of_range&) {
-    if (key) return DecodingError{inQuotes(*key) + " holds a number beyond all bounds"};
-  } catch (const Json::exception&) {  // told below
-  }
-  return DecodingError{"The content is no JSON"};
-}
 
 class JsonCoder : public Coder {
  public:
@@ -112,9 +87,9 @@ class JsonCoder : public Coder {
 
   std::optional<DecodingError> decode(
       std::string_view coded, const std::function<void(const KeyedDecoder&)>& read) const override {
-    const Decoded<Json> object = parsed(coded);
-    if (const auto* error = std::get_if<DecodingError>(&object)) return *error;
-    read(JsonDecoder(std::get<Json>(object)));
+    const auto object = parseJsonObject(coded);
+    if (const auto* none = std::get_if<NoJsonObject>(&object)) return DecodingError{none->why};
+    read(JsonDecoder(std::get<JsonFields>(object)));
     return std::nullopt;
   }
 };
