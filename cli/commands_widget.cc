@@ -25,12 +25,11 @@ ExitCode printWidgets(Context& context) {
     context.print(widgetsJson(widgets));
     return ExitCode::kDone;
   }
-  const Bundle& bundle = context.platform.bundle;
-  TextTable table;
+  TextTable table;  // as the widget gallery shows them: in no other language
   for (const BundledWidget& widget : widgets) {
     table.add({{widget.kind},
-               {widget.homeScreen ? bundle.localizedString(widget.homeScreen->displayName) : ""},
-               {widget.homeScreen ? bundle.localizedString(widget.homeScreen->description) : ""}});
+               {widget.homeScreen ? widget.homeScreen->displayName : ""},
+               {widget.homeScreen ? widget.homeScreen->description : ""}});
   }
   context.print(table.text(Colors::kNone));
   return ExitCode::kDone;
@@ -43,8 +42,7 @@ std::string textOf(const WidgetContent& entry, const Context& context) {
   const std::uint64_t elapsed = wholeSeconds((entry.date - entry.start).count());
   std::string line = printable(entry.name) + "  " + durationText(elapsed);
   if (entry.duration != 0) {
-    const double total = (entry.date - entry.start).count() + static_cast<double>(entry.duration);
-    line += "  " + durationText(wholeSeconds(total)) + " in all";
+    line += "  " + durationText(saturatingSum(elapsed, entry.duration)) + " in all";
   }
   return line + '\n';
 }

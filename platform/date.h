@@ -43,4 +43,9 @@ constexpr std::uint64_t wholeSeconds(double seconds) {
   return seconds >= kBeyond ? UINT64_MAX : static_cast<std::uint64_t>(seconds);
 }
 
+// Of whole seconds: the largest value where 64 bits do not hold the sum.
+constexpr std::uint64_t saturatingSum(std::uint64_t a, std::uint64_t b) {
+  return a > UINT64_MAX - b ? UINT64_MAX : a + b;
+}
+
 }  // namespace brevant

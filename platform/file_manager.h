@@ -27,9 +27,6 @@ class FileManager {
 
   virtual bool fileExists(const std::string& path) const = 0;
 
-  // `path` with every link resolved; absent when it does not exist.
-  virtual std::optional<std::string> resolvedPath(const std::string& path) const = 0;
-
   // The whole file; absent when it is missing, unreadable, no regular file or above `limit` bytes.
   virtual std::optional<std::string> contents(const std::string& path, std::size_t limit) const = 0;
 

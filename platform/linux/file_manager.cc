@@ -41,13 +41,6 @@ class LinuxFileManager : public FileManager {
     return access(path.c_str(), F_OK) == 0;
   }
 
-  std::optional<std::string> resolvedPath(const std::string& path) const override {
-    const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
-                                                               &std::free);
-    if (!resolved) return std::nullopt;
-    return resolved.get();
-  }
-
   std::optional<std::string> contents(const std::string& path, std::size_t limit) const override {
     return readFile(path, limit);
   }

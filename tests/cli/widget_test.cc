@@ -71,6 +71,8 @@ TEST_F(Widget, BundleFollowsTheSystemVersion) {
       {"kind", "LiveActivityWidget"}, {"displayName", {}}, {"description", {}}, {"families", {}}};
   EXPECT_EQ(ask({"widgets", "--system-version", "16.0"}), Json::array({home}));
   EXPECT_EQ(ask({"widgets", "--system-version", "16.1"}), Json::array({home, live}));
+  environment["LC_ALL"] = "de_DE.UTF-8";
+  EXPECT_NE(run({"widgets"}).out.find("Runnning activity"), std::string::npos);
 }
 
 class LiveActivities : public Cli {

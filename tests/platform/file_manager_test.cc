@@ -14,10 +14,8 @@ class FileManagerContract : public testing::TestWithParam<bool> {
  protected:
   FileManagerContract() {
     folder.write("a", "contents");
-    std::filesystem::create_symlink("a", folder.path / "link");
     fake.container = root;
     fake.files = {{root + "/a", "contents"}};
-    fake.links = {{root + "/link", root + "/a"}};
   }
 
   const test::TemporaryFolder folder;
@@ -34,7 +32,6 @@ TEST_P(FileManagerContract, FindsAndReadsFilesByThePathsOfTheSystem) {
   EXPECT_EQ(files->contents(path, 8), "contents");
   EXPECT_EQ(files->contents(path, 7), std::nullopt);
   EXPECT_EQ(files->contents(path + "b", 7), std::nullopt);
-  EXPECT_EQ(files->resolvedPath(*containerPath(*files, "link")), root + "/a");
   EXPECT_EQ(files->removeFile(path), "");
   EXPECT_FALSE(files->fileExists(path));
   EXPECT_NE(files->removeFile(path), "");

@@ -60,12 +60,6 @@ bool FakeFileManager::fileExists(const std::string& path) const {
   return files.contains(withoutRepeatedSlashes(path));
 }
 
-std::optional<std::string> FakeFileManager::resolvedPath(const std::string& path) const {
-  const std::string plain = withoutRepeatedSlashes(path);
-  if (const std::string target = find(links, plain); !target.empty()) return target;
-  return plain;
-}
-
 std::optional<std::string> FakeFileManager::contents(const std::string& path,
                                                      std::size_t limit) const {
   const auto found = files.find(withoutRepeatedSlashes(path));

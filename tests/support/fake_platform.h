@@ -53,7 +53,6 @@ struct FakeFileManager : FileManager {
   std::optional<FileUrl> containerUrl(const std::string& group) const override;
   std::optional<std::string> cachesDirectory() const override { return caches; }
   bool fileExists(const std::string& path) const override;
-  std::optional<std::string> resolvedPath(const std::string& path) const override;
   std::optional<std::string> contents(const std::string& path, std::size_t limit) const override;
   std::string removeFile(const std::string& path) override;
   void setModificationDate(const std::string& path, Date date) override;
@@ -61,7 +60,6 @@ struct FakeFileManager : FileManager {
   std::optional<std::string> container = "/container";
   std::optional<std::string> caches = "/caches";
   std::map<std::string, std::string> files;  // path without repeated slashes -> contents
-  std::map<std::string, std::string> links;  // path -> target
   std::map<std::string, Date> modified;
 };
 
