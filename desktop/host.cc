@@ -238,6 +238,7 @@ int runHost(int argc, char** argv, const Options& options) {
     return 1;
   }
   const QApplication app(argc, argv);
+  useMessagesOfEnvironment();
   QGuiApplication::setLayoutDirection(messagesLocale().textDirection());
   QApplication::setQuitOnLastWindowClosed(false);
   QGuiApplication::setDesktopFileName(u"org.brevant.Desktop"_s);

@@ -122,6 +122,7 @@ int drawPicture(int argc, char** argv, const Options& options) {
   standApartFromTheDesktop();
   qInstallMessageHandler(dropChatter);
   const QApplication application(argc, argv);
+  useMessagesOfEnvironment();
   QCoreApplication::setLibraryPaths({});
   const Options::Picture& picture = *options.picture;
 

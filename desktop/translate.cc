@@ -19,7 +19,7 @@ QString localeOfEnvironment() {
     const QString value = qEnvironmentVariable(name);
     if (!value.isEmpty()) return value;
   }
-  return u"C"_s;
+  return {};
 }
 
 // The translations beside the program, so that a build tree and a moved installation work too.

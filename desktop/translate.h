@@ -15,7 +15,8 @@ namespace brevant {
 // that there is a translation for, so that texts and layout agree. English where there is none.
 [[nodiscard]] QLocale messagesLocale();
 
-// Chooses the language of translate() from the environment; once, before anything is drawn.
+// Chooses the language of translate() from the environment, before anything is drawn; again once
+// there is an application, which takes the environment's locale itself.
 void useMessagesOfEnvironment();
 
 }  // namespace brevant

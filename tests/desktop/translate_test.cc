@@ -37,6 +37,7 @@ TEST(Translate, SpeaksTheEnvironmentsLanguageInstalledOrNot) {
   } kCases[] = {
       {{}, u"Pause"_s, QLocale::English},
       {{{"LC_ALL", "C.UTF-8"}, {"LANGUAGE", "ar"}}, u"إيقاف مؤقت"_s, QLocale::Arabic},
+      {{{"LANGUAGE", "ar"}}, u"إيقاف مؤقت"_s, QLocale::Arabic},
       {{{"LANG", "ar_XX.UTF-8"}}, u"إيقاف مؤقت"_s, QLocale::Arabic},
       {{{"LANG", "de_XX.UTF-8@euro"}}, u"Pausieren"_s, QLocale::German},
       {{{"LANG", "ar_XX.UTF-8"}, {"LANGUAGE", "de"}}, u"Pausieren"_s, QLocale::German},
