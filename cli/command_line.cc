@@ -72,6 +72,19 @@ Value<std::string> Command::text(const std::string& name, const std::string& hel
   return value;
 }
 
+Value<std::string> Command::path(const std::string& name, const std::string& help) const {
+  auto value = std::make_shared<std::string>();
+  if (app_ == nullptr) return value;
+  add(*app_, name, help,
+      [value](const std::string& text) {
+        *value = text;
+        return !text.empty();
+      })
+      ->required()
+      ->type_name(isPositional(name) ? "" : "FILE");
+  return value;
+}
+
 Value<OptionalText> Command::optionalText(const std::string& name, const std::string& help) const {
   auto value = std::make_shared<OptionalText>();
   if (app_ == nullptr) return value;
@@ -106,6 +119,22 @@ Value<OptionalText> Command::optionalWord(const std::string& name, const std::st
   return value;
 }
 
+Value<OptionalText> Command::optionalWordOr(const std::string& other, const std::string& name,
+                                            const std::string& help,
+                                            const std::vector<std::string>& words,
+                                            const Problem& problem) const {
+  auto value = optionalText(name, help);
+  if (app_ == nullptr) return value;
+  const auto check = [words, problem](const std::string& text) -> std::string {
+    if (std::find(words.begin(), words.end(), text) != words.end()) return "";
+    return problem(text).value_or("");
+  };
+  CLI::Option* option = app_->get_option(name)->check(check, "");
+  option->type_name(joined(words, "|") + '|' + other);
+  line_->choices_[option] = words;
+  return value;
+}
+
 Value<std::uint64_t> Command::number(const std::string& name, const std::string& help) const {
   auto value = std::make_shared<std::uint64_t>(0);
   if (app_ == nullptr) return value;
@@ -125,7 +154,12 @@ void Command::needsOneOption() const {
 }
 
 void Command::exclude(const std::string& one, const std::string& other) const {
-  if (app_ != nullptr) app_->get_option(one)->excludes(app_->get_option(other));
+  if (app_ == nullptr) return;
+  const auto option = [this](const std::string& name) {
+    CLI::Option* own = app_->get_option_no_throw(name);
+    return own != nullptr ? own : line_->app_->get_option(name);
+  };
+  option(one)->excludes(option(other));
 }
 
 void Command::run(Action action) const {

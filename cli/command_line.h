@@ -28,6 +28,8 @@ class Command {
  public:
   Value<bool> flag(const std::string& name, const std::string& help) const;
   Value<std::string> text(const std::string& name, const std::string& help) const;
+  // The name of a file or directory, which is never empty.
+  Value<std::string> path(const std::string& name, const std::string& help) const;
   Value<std::optional<std::string>> optionalText(const std::string& name,
                                                  const std::string& help) const;
   // One of the given words.
@@ -35,13 +37,19 @@ class Command {
                           const std::vector<std::string>& words) const;
   Value<std::optional<std::string>> optionalWord(const std::string& name, const std::string& help,
                                                  const std::vector<std::string>& words) const;
+  // One of the given words, or another text ("TEMPLATE") in which `problem` finds nothing wrong.
+  using Problem = std::function<std::optional<std::string>(const std::string& text)>;
+  Value<std::optional<std::string>> optionalWordOr(const std::string& other,
+                                                   const std::string& name, const std::string& help,
+                                                   const std::vector<std::string>& words,
+                                                   const Problem& problem) const;
   // Decimal, or hexadecimal after 0x.
   Value<std::uint64_t> number(const std::string& name, const std::string& help) const;
 
   // Of all its options exactly one is given.
   void needsOneOption() const;
 
-  // These two are not given together.
+  // These two are not given together; either may be an option of the program.
   void exclude(const std::string& one, const std::string& other) const;
 
   using Action = std::function<ExitCode(Context&)>;

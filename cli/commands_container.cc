@@ -68,7 +68,6 @@ ExitCode runDoctor(Context& context) {
 }
 
 ExitCode makeSample(Context& context, const std::string& directory) {
-  if (directory.empty()) return context.refuse("the new container needs a name");
   const auto trouble = makeSampleContainer(context, directory);
   if (trouble) return context.refuse(*trouble);
   if (needsEscapes(directory)) {
@@ -90,7 +89,7 @@ void addContainerCommands(CommandLine& line) {
       .query(runDoctor);
   const Command sample = line.command("sample", "Make a container to try everything on",
                                       "brevant sample ~/brevant-sample");
-  const auto directory = sample.text("DIR", "The new container");
+  const auto directory = sample.path("DIR", "The new container");
   sample.run([directory](Context& context) { return makeSample(context, *directory); });
 }
 

@@ -2,7 +2,9 @@
 
 #include "cli/commands.h"
 #include "cli/context.h"
+#include "cli/database_place.h"
 #include "cli/files.h"
+#include "cli/json_container.h"
 #include "cli/other_program.h"
 #include "cli/values.h"
 #include "manager/widget_manager.h"
@@ -36,6 +38,9 @@ std::vector<std::string> globalWords(const Context& context) {
 
 ExitCode drawPicture(Context& context, const std::string& surface,
                      const std::optional<std::string>& scale, const std::string& file) {
+  if (context.container.empty()) {
+    return context.refuse(missingContainer(context.platform.files).value_or(""));
+  }
   const std::optional<std::string> program = desktopProgram();
   if (!program) {
     return context.refuse(
@@ -45,7 +50,10 @@ ExitCode drawPicture(Context& context, const std::string& surface,
   std::vector<std::string> words = globalWords(context);
   words.insert(words.end(), {"--picture", surface, "-o", file, "--scale", scale.value_or("2")});
   setenv("BREVANT", ownPath().c_str(), 1);  // the program asks this one for what it draws
-  return context.refuse(become(*program, words));
+  if (!context.options.json) return context.refuse(become(*program, words));
+  if (const ExitCode code = runSilently(*program, words); code != ExitCode::kDone) return code;
+  context.print(fileJson(file));
+  return ExitCode::kDone;
 }
 
 }  // namespace
@@ -56,7 +64,7 @@ void addPictureCommands(CommandLine& line) {
   const auto name =
       icon.optionalText("NAME", "The icon's name or guid (default: the default icon)");
   const auto color = icon.number("--color", "The colour as a number: 0xRRGGBB");
-  const auto iconFile = icon.text("-o,--output", "The file");
+  const auto iconFile = icon.path("-o,--output", "The file");
   icon.run([name, color, iconFile](Context& context) {
     return saveIcon(context, *name, *color, *iconFile);
   });
@@ -68,7 +76,7 @@ void addPictureCommands(CommandLine& line) {
       {"small", "medium", "lock-screen", "island-compact", "island-minimal", "island-expanded"});
   const auto scale =
       picture.optionalWord("--scale", "Pixels per point (default: 2)", {"1", "2", "3"});
-  const auto pictureFile = picture.text("-o,--output", "The file");
+  const auto pictureFile = picture.path("-o,--output", "The file");
   picture.run([surface, scale, pictureFile](Context& context) {
     return drawPicture(context, *surface, *scale, *pictureFile);
   });

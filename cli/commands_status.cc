@@ -1,18 +1,14 @@
 #include "cli/commands.h"
 #include "cli/context.h"
 #include "cli/json_records.h"
-#include "cli/text_bars.h"
+#include "cli/status_format.h"
+#include "cli/status_template.h"
 #include "cli/text_records.h"
 #include "manager/widget_manager.h"
 #include "platform/bundle.h"
 
 namespace brevant {
 namespace {
-
-std::string barText(const Status& status, const std::string& bar) {
-  if (bar == "waybar") return waybarText(status);
-  return bar == "i3blocks" ? i3blocksText(status) : polybarText(status);
-}
 
 std::string textForPeople(Context& context, const Status& status) {
   if (status.running.empty() && status.paused.empty()) {
@@ -22,12 +18,16 @@ std::string textForPeople(Context& context, const Status& status) {
                     colorsOfStdout());
 }
 
-ExitCode printStatus(Context& context, const std::optional<std::string>& bar) {
+ExitCode printLine(Context& context, const std::string& format) {
+  const auto manager = context.openForReading();
+  context.print(formatted(readStatus(*manager, context.platform.clock), format));
+  return context.doneReading();
+}
+
+ExitCode printStatus(Context& context) {
   const auto manager = context.openForReading();
   const Status status = readStatus(*manager, context.platform.clock);
-  if (bar) {
-    context.print(barText(status, *bar));
-  } else if (context.options.json) {
+  if (context.options.json) {
     context.print(statusJson(status));
   } else {
     context.print(textForPeople(context, status));
@@ -40,9 +40,13 @@ ExitCode printStatus(Context& context, const std::optional<std::string>& bar) {
 void addStatusCommand(CommandLine& line) {
   const Command status =
       line.command("status", "Show what runs and what is paused", "brevant status --format waybar");
-  const auto bar = status.optionalWord("--format", "One line for a status bar",
-                                       {"waybar", "i3blocks", "polybar"});
-  status.query([bar](Context& context) { return printStatus(context, *bar); });
+  const auto format =
+      status.optionalWordOr("TEMPLATE", "--format", "One line, as a bar or a template wants it",
+                            statusFormatNames(), templateProblem);
+  status.exclude("--format", "--json");
+  status.query([format](Context& context) {
+    return *format ? printLine(context, **format) : printStatus(context);
+  });
 }
 
 }  // namespace brevant

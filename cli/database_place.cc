@@ -29,7 +29,7 @@ std::optional<std::string> containerDirectory(const FileManager& files) {
 
 std::optional<std::string> missingContainer(const FileManager& files) {
   const std::optional<std::string> container = containerDirectory(files);
-  if (!container) return "there is no container";
+  if (!container) return "there is no container: name one with --container, as HOME is not set";
   struct stat status {};
   const bool isThere = stat(container->c_str(), &status) == 0;
   if (!isThere && errno != EACCES) {
@@ -45,7 +45,7 @@ std::optional<std::string> missingContainer(const FileManager& files) {
 std::optional<std::string> missingDatabase(const FileManager& files) {
   const std::optional<std::string> path = containerPath(files, kDatabaseFile);
   const std::optional<FileUrl> url = files.containerUrl(kAppGroupIdentifier);
-  if (!path || !url) return "there is no container";
+  if (!path || !url) return missingContainer(files);
   if (files.fileExists(*path)) return std::nullopt;
 
   if (auto trouble = missingContainer(files)) return trouble;

@@ -23,7 +23,6 @@ std::variant<std::string, Unreadable> readInput() {
 }
 
 std::string writeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
-  if (path.empty()) return "the file needs a name";
   std::FILE* const file = std::fopen(path.c_str(), "wb");
   if (file == nullptr) return path + ": " + std::strerror(errno);
   const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();

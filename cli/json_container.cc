@@ -24,4 +24,8 @@ std::string findingsJson(const std::vector<Finding>& findings) {
   return printed(list);
 }
 
+std::string fileJson(const std::string& file) {
+  return printed({{"file", file}});
+}
+
 }  // namespace brevant

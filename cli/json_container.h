@@ -11,5 +11,6 @@ namespace brevant {
 
 std::string cloudRecordsJson(const std::vector<CloudRecord>& records);
 std::string findingsJson(const std::vector<Finding>& findings);
+std::string fileJson(const std::string& file);
 
 }  // namespace brevant

@@ -1,11 +1,14 @@
 #include "cli/other_program.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <sstream>
+#include <sys/prctl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace brevant {
@@ -26,6 +29,10 @@ std::optional<std::string> onPath(const std::string& name) {
     if (canRun(candidate)) return candidate;
   }
   return std::nullopt;
+}
+
+void tell(const std::string& what) {
+  std::fprintf(stderr, "brevant: %s\n", what.c_str());
 }
 
 }  // namespace
@@ -60,6 +67,26 @@ std::string become(const std::string& program, const std::vector<std::string>& a
   std::fflush(nullptr);
   execv(program.c_str(), pointers.data());
   return program + ": " + std::strerror(errno);
+}
+
+ExitCode runSilently(const std::string& program, const std::vector<std::string>& arguments) {
+  std::fflush(nullptr);
+  const pid_t child = fork();
+  if (child == 0) {
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
+    dup2(STDERR_FILENO, STDOUT_FILENO);
+    tell(become(program, arguments));
+    _exit(1);
+  }
+  int status = 0;
+  while (child > 0 && waitpid(child, &status, 0) < 0 && errno == EINTR) {
+  }
+  if (child > 0 && WIFEXITED(status)) {
+    const int code = WEXITSTATUS(status);
+    return code == 0 || code == 2 ? static_cast<ExitCode>(code) : ExitCode::kNotDone;
+  }
+  tell(program + ": " + (child < 0 ? std::strerror(errno) : strsignal(WTERMSIG(status))));
+  return ExitCode::kNotDone;
 }
 
 }  // namespace brevant

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "cli/exit_code.h"
+
 namespace brevant {
 
 // The path of the running program.
@@ -18,5 +20,9 @@ std::optional<std::string> desktopProgram();
 
 // The process becomes `program`. Comes back only when that fails, with the reason.
 std::string become(const std::string& program, const std::vector<std::string>& arguments);
+
+// Runs `program` to its end, with nothing of it on stdout. What it says on stderr is told as it is;
+// one that crashes is not done, and does not outlive this process.
+ExitCode runSilently(const std::string& program, const std::vector<std::string>& arguments);
 
 }  // namespace brevant

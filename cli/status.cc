@@ -6,14 +6,6 @@
 #include "manager/widget_manager.h"
 
 namespace brevant {
-namespace {
-
-std::uint64_t saturatingSum(std::uint64_t a, std::uint64_t b) {
-  return a > UINT64_MAX - b ? UINT64_MAX : a + b;
-}
-
-}  // namespace
-
 StatusItem statusItem(const WidgetActivity& activity, const WidgetType* type, Date now) {
   StatusItem item;
   item.isRunning = activity.state == kStateRunning;

@@ -37,33 +37,15 @@ std::string polybarEscaped(std::string text) {
   return replaced(std::move(text), "%{", "%\u200B{");
 }
 
-std::string colorText(std::uint64_t color) {
-  std::array<char, 8> text{};
-  std::snprintf(text.data(), text.size(), "#%06x", static_cast<unsigned>(color & 0xFFFFFFU));
-  return text.data();
-}
-
-const std::vector<StatusItem>& shown(const Status& status) {
-  return status.running.empty() ? status.paused : status.running;
-}
-
-std::string className(const Status& status) {
-  if (!status.running.empty()) return "running";
-  return status.paused.empty() ? "idle" : "paused";
-}
-
 std::string itemText(const StatusItem& item, const Escape& escape) {
   const std::string name = escape(onOneLine(item.name.value_or("?")));
   return item.isRunning ? name + ' ' + durationText(item.elapsed)
                         : "⏸ " + name + ' ' + durationText(item.total);
 }
 
-// All that run; when nothing does, all that are paused.
-std::string lineText(const Status& status, const std::string& between, const Escape& escape) {
+std::string lineText(const std::vector<StatusItem>& items, const Escape& escape) {
   std::string text;
-  for (const StatusItem& item : shown(status)) {
-    text += (text.empty() ? "" : between) + itemText(item, escape);
-  }
+  for (const StatusItem& item : items) text += (text.empty() ? "" : " · ") + itemText(item, escape);
   return text;
 }
 
@@ -82,18 +64,33 @@ std::string tooltipText(const Status& status) {
 
 }  // namespace
 
+const std::vector<StatusItem>& shownItems(const Status& status) {
+  return status.running.empty() ? status.paused : status.running;
+}
+
+std::string stateWord(const Status& status) {
+  if (!status.running.empty()) return "running";
+  return status.paused.empty() ? "idle" : "paused";
+}
+
+std::string colorText(std::uint64_t color) {
+  std::array<char, 8> text{};
+  std::snprintf(text.data(), text.size(), "#%06x", static_cast<unsigned>(color & 0xFFFFFFU));
+  return text.data();
+}
+
 std::string waybarText(const Status& status) {
-  const std::string kind = className(status);
-  return printed({{"text", lineText(status, " · ", pangoEscaped)},
+  const std::string kind = stateWord(status);
+  return printed({{"text", lineText(shownItems(status), pangoEscaped)},
                   {"alt", kind},
                   {"tooltip", tooltipText(status)},
                   {"class", kind}});
 }
 
 std::string i3blocksText(const Status& status) {
-  Json block{{"full_text", lineText(status, " · ", asItIs)}};
-  if (shown(status).empty()) return printed(block);
-  const StatusItem& first = shown(status).front();
+  Json block{{"full_text", lineText(shownItems(status), asItIs)}};
+  if (shownItems(status).empty()) return printed(block);
+  const StatusItem& first = shownItems(status).front();
   block["short_text"] = durationText(first.isRunning ? first.elapsed : first.total);
   if (first.color) block["color"] = colorText(*first.color);
   block["markup"] = "none";
@@ -102,12 +99,16 @@ std::string i3blocksText(const Status& status) {
 
 std::string polybarText(const Status& status) {
   std::string text;
-  for (const StatusItem& item : shown(status)) {
+  for (const StatusItem& item : shownItems(status)) {
     if (!text.empty()) text += " · ";
     const std::string one = itemText(item, polybarEscaped);
     text += item.color ? "%{F" + colorText(*item.color) + '}' + one + "%{F-}" : one;
   }
   return text + '\n';
+}
+
+std::string plainText(const Status& status) {
+  return lineText(status.running, asItIs) + '\n';
 }
 
 }  // namespace brevant

@@ -91,6 +91,15 @@ TEST_F(Containers, GiveIconsInAColour) {
       run({"icon", "00000000-0000-0000-0000-000000000000", "--color", "1", "-o", file}).exitCode,
       1);
   EXPECT_EQ(run({"icon", "--color", "1", "-o", path("none/icon.png")}).exitCode, 1);
+
+  std::filesystem::create_directory(path("pictures"));
+  std::filesystem::create_directory_symlink("pictures", path("custom_images"));
+  std::filesystem::create_symlink("../icon.png",
+                                  path("pictures/00000000-0000-0000-0000-000000000000.png"));
+  EXPECT_EQ(
+      run({"icon", "00000000-0000-0000-0000-000000000000", "--color", "1", "-o", path("linked")})
+          .exitCode,
+      0);
 }
 
 TEST_F(Containers, ArePicturedByTheDesktopHost) {
@@ -106,6 +115,19 @@ TEST_F(Containers, ArePicturedByTheDesktopHost) {
     EXPECT_NE(outcome.out.find(words), std::string::npos) << words;
   }
   EXPECT_NE(outcome.out.find("--container\n" + database.folder.string()), std::string::npos);
+
+  const std::vector<std::string> asked{"picture", "small", "-o", "out.png", "--json"};
+  EXPECT_EQ(run(asked).out, "{\"file\":\"out.png\"}\n");
+  environment.erase("BREVANT_CONTAINER");
+  environment.erase("HOME");
+  EXPECT_EQ(run(asked).exitCode, 1);
+  environment["BREVANT_CONTAINER"] = database.folder.string();
+  for (const auto& [script, code] : {std::pair("exit 2", 2), {"exit 7", 1}, {"kill -9 $$", 1}}) {
+    write("host", "#!/bin/sh\n" + std::string(script));
+    const Outcome failed = run(asked);
+    EXPECT_EQ(failed.exitCode, code) << script;
+    EXPECT_EQ(failed.out, "");
+  }
 
   environment["BREVANT_DESKTOP"] = path("none");
   const Outcome without = run({"picture", "medium", "-o", path("out.png")});

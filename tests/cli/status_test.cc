@@ -29,6 +29,9 @@ TEST_F(StatusTest, NeverCountsBackwards) {
   const Json item = ask({"status"})["running"][0];
   EXPECT_EQ(item["elapsed"], 0);
   EXPECT_EQ(item["total"], 0);
+  addInterval("A", 1699990000, 1699990060);
+  EXPECT_EQ(ask({"status"})["running"][0]["total"], 60);
+  EXPECT_EQ(run({"timeline"}).out, "Code  0:00:00  0:01:00 in all\n");
 }
 
 TEST_F(StatusTest, AlignsEveryActivityForPeopleAndObeysNoName) {
@@ -67,6 +70,28 @@ TEST_F(StatusTest, EscapesNamesAsEachBarNeeds) {
   database.run("DELETE FROM logs");
   EXPECT_EQ(Json::parse(bar("waybar"))["class"], "idle");
   EXPECT_EQ(bar("polybar"), "\n");
+}
+
+TEST_F(StatusTest, WritesALineOfOnesOwnThatStaysOne) {
+  database.run("UPDATE categories SET name = '#[x]%{ü}' || char(10, 27) || '[1m'");
+  addInterval("A", 1699990000, 1699990060);
+  addCategory("D", "Reading");
+  addActivity("B", "D", 1, "1699999999");
+  addActivity("P", "D", 2, "NULL");
+  const auto line = [this](const std::string& format) {
+    return run({"status", "--format", format}).out;
+  };
+  EXPECT_EQ(line("plain"), "Reading 0:00:01 · #[x]%{ü}  [1m 1:02:02\n");
+  EXPECT_EQ(line("{count} {state}: {name} {elapsed} {color}"),
+            "2 running: Reading 0:00:01 #000000\n");
+  EXPECT_EQ(line("{{{name}}} \n"), "{Reading}  \n");
+  database.run("DELETE FROM logs WHERE guid = 'B'");
+  EXPECT_EQ(line("{name}{elapsed}/{total} {color}"), "#[x]%{ü}  [1m1:02:02/1:03:02 #3366aa\n");
+  database.run("DELETE FROM logs WHERE state = 1");
+  EXPECT_EQ(line("plain"), "\n");
+  EXPECT_EQ(line("{count} {state}: {name} {total}"), "0 paused: Reading 0:00:00\n");
+  database.run("DELETE FROM logs");
+  EXPECT_EQ(line("{count} {state} {name}{elapsed}{total}{color}"), "0 idle \n");
 }
 
 TEST(DisplayWidth, CountsColumnsOfATerminal) {
