@@ -11,6 +11,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "cli/standard_streams.h"
+
 namespace brevant {
 namespace {
 
@@ -29,10 +31,6 @@ std::optional<std::string> onPath(const std::string& name) {
     if (canRun(candidate)) return candidate;
   }
   return std::nullopt;
-}
-
-void tell(const std::string& what) {
-  std::fprintf(stderr, "brevant: %s\n", what.c_str());
 }
 
 }  // namespace
@@ -75,7 +73,7 @@ ExitCode runSilently(const std::string& program, const std::vector<std::string>&
   if (child == 0) {
     prctl(PR_SET_PDEATHSIG, SIGTERM);
     dup2(STDERR_FILENO, STDOUT_FILENO);
-    tell(become(program, arguments));
+    writeMessage(become(program, arguments));
     _exit(1);
   }
   int status = 0;
@@ -85,7 +83,7 @@ ExitCode runSilently(const std::string& program, const std::vector<std::string>&
     const int code = WEXITSTATUS(status);
     return code == 0 || code == 2 ? static_cast<ExitCode>(code) : ExitCode::kNotDone;
   }
-  tell(program + ": " + (child < 0 ? std::strerror(errno) : strsignal(WTERMSIG(status))));
+  writeMessage(program + ": " + (child < 0 ? std::strerror(errno) : strsignal(WTERMSIG(status))));
   return ExitCode::kNotDone;
 }
 
