@@ -5,6 +5,7 @@
 
 namespace brevant {
 
+void addSceneCommand(CommandLine& line);       // scene
 void addQueryCommands(CommandLine& line);      // activities, categories, category
 void addStatusCommand(CommandLine& line);      // status
 void addChangeCommands(CommandLine& line);     // start, stop, pause, resume

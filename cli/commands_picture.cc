@@ -6,7 +6,6 @@
 #include "cli/files.h"
 #include "cli/json_container.h"
 #include "cli/other_program.h"
-#include "cli/values.h"
 #include "manager/widget_manager.h"
 #include "platform/image_codec.h"
 
@@ -23,19 +22,6 @@ ExitCode saveIcon(Context& context, const std::optional<std::string>& name, std:
   return error.empty() ? context.done() : context.refuse(error);
 }
 
-// The options for all commands, as the drawing program wants to be given them.
-std::vector<std::string> globalWords(const Context& context) {
-  std::vector<std::string> words{
-      "--container",      context.container,
-      "--system-version", context.options.systemVersion,
-      "--color-scheme",   context.options.colorScheme == ColorScheme::kDark ? "dark" : "light"};
-  if (context.options.now) {
-    words.insert(words.end(), {"--now", exactText(*context.options.now)});
-  }
-  if (context.options.isiOSAppOnMac) words.emplace_back("--ios-app-on-mac");
-  return words;
-}
-
 ExitCode drawPicture(Context& context, const std::string& surface,
                      const std::optional<std::string>& scale, const std::string& file) {
   if (context.container.empty()) {
@@ -47,7 +33,7 @@ ExitCode drawPicture(Context& context, const std::string& surface,
         "brevant-desktop, which draws the pictures, is not there: install it or "
         "name it in BREVANT_DESKTOP");
   }
-  std::vector<std::string> words = globalWords(context);
+  std::vector<std::string> words = globalWords(context.options, context.container);
   words.insert(words.end(), {"--picture", surface, "-o", file, "--scale", scale.value_or("2")});
   setenv("BREVANT", ownPath().c_str(), 1);  // the program asks this one for what it draws
   if (!context.options.json) return context.refuse(become(*program, words));

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/environment.h"
 
@@ -17,5 +18,9 @@ struct GlobalOptions {
   bool json = false;
   bool onlyAsks = false;  // the command changes nothing
 };
+
+// The options as words, without --json, for a program that takes them too; the container, if any,
+// is the one in use.
+std::vector<std::string> globalWords(const GlobalOptions& options, const std::string& container);
 
 }  // namespace brevant

@@ -24,6 +24,10 @@ std::string findingsJson(const std::vector<Finding>& findings) {
   return printed(list);
 }
 
+std::string errorJson(const std::string& error) {
+  return printed({{"error", error}});
+}
+
 std::string fileJson(const std::string& file) {
   return printed({{"file", file}});
 }

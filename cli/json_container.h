@@ -12,5 +12,6 @@ namespace brevant {
 std::string cloudRecordsJson(const std::vector<CloudRecord>& records);
 std::string findingsJson(const std::vector<Finding>& findings);
 std::string fileJson(const std::string& file);
+std::string errorJson(const std::string& error);
 
 }  // namespace brevant

@@ -16,6 +16,7 @@ namespace brevant {
 
 void addCommands(CommandLine& line) {
   addStatusCommand(line);
+  addSceneCommand(line);
   addQueryCommands(line);
   addChangeCommands(line);
   addWidgetCommands(line);
