@@ -33,7 +33,9 @@ QByteArray localeFolder() {
 QStringList wantedLocales() {
   const QString name = localeOfEnvironment();
   if (name == "C"_L1 || name == "POSIX"_L1) return {};
-  return qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts) << name;
+  QStringList wanted = qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts);
+  if (!name.isEmpty()) wanted << name;
+  return wanted;
 }
 
 // "de_DE.UTF-8@euro" is "de_DE" to Qt.
@@ -78,9 +80,9 @@ QLocale messagesLocale() {
 // locale; the one of plain letters takes the list of languages as it is.
 void useMessagesOfEnvironment() {
   const QByteArray languages = messagesName().toLocal8Bit() + ":en";
-  if (!std::setlocale(LC_MESSAGES, "") || wantedLocales().isEmpty())
-    std::setlocale(LC_MESSAGES, "C.UTF-8");
   qputenv("LANGUAGE", languages);
+  std::setlocale(LC_MESSAGES, "C");  // else what was looked up before would stay
+  std::setlocale(LC_MESSAGES, "C.UTF-8");
   bindtextdomain(kDomain, localeFolder().constData());
   bind_textdomain_codeset(kDomain, "UTF-8");
 }
