@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The category tree of 1,000 to 100,000 entries, built and flattened: linear in every shape.
 #include <algorithm>
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/ratio_report.h"
 
 #include <algorithm>

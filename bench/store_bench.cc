@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Reading the unfinished activities: the data-access object with the real settings, a loop in C
 // that builds the same records by column number, and a C++ wrapper that does so by column name.
 #include <SQLiteCpp/SQLiteCpp.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Tinting against a copy of the same bytes, both into memory of their own.
 #include <benchmark/benchmark.h>
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/bash_line.h"
 
 #include <utility>

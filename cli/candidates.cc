@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/candidates.h"
 
 #include <algorithm>

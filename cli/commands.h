@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The commands by theme: each function describes its commands to the command line.
 #pragma once
 

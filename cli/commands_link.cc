@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/change.h"
 #include "cli/commands.h"
 #include "cli/context.h"

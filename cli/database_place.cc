@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/database_place.h"
 
 #include <cerrno>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/global_options.h"
 
 #include "cli/values.h"

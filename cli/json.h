@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the JSON writers share; included by them alone.
 #pragma once
 

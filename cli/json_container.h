@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What lies around the log, in JSON.
 #pragma once
 

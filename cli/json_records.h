@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The records of the database in JSON.
 #pragma once
 

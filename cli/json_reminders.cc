@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/json_reminders.h"
 
 #include "cli/json.h"

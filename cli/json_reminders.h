@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Reminders and their settings in JSON.
 #pragma once
 

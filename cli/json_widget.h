@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Widgets, timelines and Live Activities in the form that widget hosts read.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/line_walk.h"
 
 #include <CLI/CLI.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/live_content.h"
 
 #include "cli/context.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/next_steps.h"
 
 #include "cli/command_line.h"

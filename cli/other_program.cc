@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/other_program.h"
 
 #include <cerrno>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The programs that this one turns into.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/reminder_actions.h"
 
 #include "cli/change.h"

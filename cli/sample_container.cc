@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/sample_container.h"
 
 #include <filesystem>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/shell_words.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Texts as a shell reads them.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the program says, and where.
 #pragma once
 

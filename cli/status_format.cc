@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/status_format.h"
 
 #include "cli/status_template.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The lines that `status --format` writes.
 #pragma once
 

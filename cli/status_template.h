@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Templates of the status line: text with the fields {name}, {elapsed}, {total}, {state}, {color}
 // and {count} in it. "{{" and "}}" are one brace each.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/store_report.h"
 
 #include <variant>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Texts of the database for people: shown as they are meant, never obeyed by a terminal.
 #pragma once
 

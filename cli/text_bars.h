@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What runs now, for the status bars that run a program and show its line.
 #pragma once
 

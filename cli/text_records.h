@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The records of the database for people: aligned, and in the colours of their categories where the
 // terminal can.
 #pragma once

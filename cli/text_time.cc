@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/text_time.h"
 
 #include <array>

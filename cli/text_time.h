@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Times and durations for people.
 #pragma once
 

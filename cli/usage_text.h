@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the command line says about itself.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How the program reads the values of its arguments. Each is absent for a text that is no such
 // value as a whole.
 #pragma once

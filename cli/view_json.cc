@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/view_json.h"
 
 #include <algorithm>

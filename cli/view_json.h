@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Views and images in the form that widget hosts read.
 #pragma once
 

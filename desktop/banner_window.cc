@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/banner_window.h"
 
 #include <QJsonObject>

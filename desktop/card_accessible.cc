@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/card_accessible.h"
 
 #include <QAccessible>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/card_row.h"
 
 namespace brevant {

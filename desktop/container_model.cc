@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/container_model.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/container_watcher.h"
 
 #include <QDir>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/digit_cells.h"
 
 #include <QHash>

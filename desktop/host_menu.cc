@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/host_menu.h"
 
 #include <QIcon>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/image_source.h"
 
 #include <QBuffer>

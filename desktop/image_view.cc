@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/image_view.h"
 
 #include <QPainter>

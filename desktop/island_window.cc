@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/island_window.h"
 
 #include <QJsonObject>

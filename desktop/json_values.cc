@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/json_values.h"
 
 #include <QSet>

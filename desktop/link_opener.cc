@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/link_opener.h"
 
 #include <QCoreApplication>

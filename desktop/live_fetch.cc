@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/live_fetch.h"
 
 #include <QJsonArray>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/options.h"
 
 #include <QCommandLineParser>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/preferences.h"
 
 #include <QStandardPaths>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/reminders_child.h"
 
 #include <chrono>

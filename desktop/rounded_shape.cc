@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/rounded_shape.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/scheme_watch.h"
 
 #include <QDBusMessage>

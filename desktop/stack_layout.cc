@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/stack_layout.h"
 
 #include <QStyle>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/start_window.h"
 
 #include <QCloseEvent>

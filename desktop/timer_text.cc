@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/timer_text.h"
 
 #include <QDateTime>

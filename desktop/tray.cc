@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/tray.h"
 
 #include <QApplication>

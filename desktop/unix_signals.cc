@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/unix_signals.h"
 
 #include <csignal>

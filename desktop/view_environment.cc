@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/view_environment.h"
 
 #include <functional>

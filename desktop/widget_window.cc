@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/widget_window.h"
 
 #include "desktop/control.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/window_kind.h"
 
 #include "desktop/translate.h"

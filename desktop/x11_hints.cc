@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/x11_hints.h"
 
 #include <QByteArray>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "live/live_activity_parts.h"
 
 #include <cstdint>

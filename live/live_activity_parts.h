@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the lock screen and the Dynamic Island have in common.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "live/lock_screen_live_activity_view.h"
 
 #include "live/live_activity_parts.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The operations on activities, and the signal to the main application that follows each.
 #include <array>
 #include <utility>

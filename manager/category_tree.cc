@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "manager/category_tree.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The category tree: built by parent guids over the flat list of one query, and flattened again.
 // All of it is linear in the number of entries and uses no recursion, so neither many categories
 // nor deep nesting can hurt.

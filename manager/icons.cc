@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How a category's icon is found and tinted.
 #include <cstddef>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "manager/pin_disk_cache.h"
 
 #include <cstdint>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // "What are you doing now?": when to ask, and the notifications that do.
 #include <algorithm>
 #include <utility>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // An icon's silhouette in one colour, and the packing of colours into integers.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Keyed coding of values: the contract between the processes that write and read a content state.
 #pragma once
 

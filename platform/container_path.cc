@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/container_path.h"
 
 namespace brevant {

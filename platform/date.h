@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Points in time with the precision of a double, as the database and the JSON keep them.
 #pragma once
 

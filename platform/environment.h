@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the widget host tells a view about the place where it is drawn.
 #pragma once
 

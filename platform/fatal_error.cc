@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/fatal_error.h"
 
 #include <cstdio>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How much of a picture is believed. Pictures come from the user's own icons and from the cache
 // that the tracker fills; a program that shows what it finds there has 64 MB for all of its work.
 #pragma once

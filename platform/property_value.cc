@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/property_value.h"
 
 #include <algorithm>

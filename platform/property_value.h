@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A value of a property list: what the shared settings hold.
 #pragma once
 

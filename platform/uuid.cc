@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/uuid.h"
 
 #include <array>

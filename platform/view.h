@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Declarative views: trees of plain values that say what is on the screen, to be compared, archived
 // or drawn. They are written as nested lists that read like the screen:
 //

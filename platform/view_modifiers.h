@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What can be said of a view: fonts, frames, paddings and backgrounds. Renderers visit the variant
 // at the end.
 #pragma once

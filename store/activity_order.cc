@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/activity_order.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/database_check.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/fm_result_set.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the store takes of a database file that others wrote. Beyond a limit a statement fails, as
 // it would on a damaged file.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/sample_database.h"
 
 #include <initializer_list>

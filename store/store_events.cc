@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/store_events.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the store tells of itself. Its operations answer nothing to their callers; whoever has to
 // say what became of a change listens to these events, and the log lines are made of them too.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/transaction.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/whole_minute.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/widget_interval.h"
 
 #include "platform/shared_settings.h"

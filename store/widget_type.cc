@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/widget_type.h"
 
 #include <set>

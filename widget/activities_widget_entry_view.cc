@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widget/activities_widget_entry_view.h"
 
 #include "widget/medium_running_activity_view.h"

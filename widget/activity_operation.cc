@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widget/activity_operation.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widget/elapsed_time.h"
 
 namespace brevant {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the small and the medium widget have in common.
 #pragma once
 

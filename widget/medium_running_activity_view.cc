@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widget/medium_running_activity_view.h"
 
 #include "platform/shared_settings.h"

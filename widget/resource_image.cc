@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widget/resource_image.h"
 
 #include "platform/fatal_error.h"

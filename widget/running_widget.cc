@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widget/running_widget.h"
 
 #include "widget/activities_widget_entry_view.h"

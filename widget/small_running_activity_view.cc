@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widget/small_running_activity_view.h"
 
 #include "widget/elapsed_time.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widget/stop_activity_intent.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widget/widgets_collection.h"
 
 #include "platform/process_info.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The least that a program with the widget toolkit does: draws one label into an image, and ends.
 #include <QApplication>
 #include <QImage>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How soon the host has drawn its first picture and what memory that takes, beside a program that
 // draws one label with the same toolkit; and how long drawing anew takes when it runs.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/programs/process_life.h"
 
 #include <algorithm>

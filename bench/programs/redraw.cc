@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Draws the medium widget again and again, each time from the other of two answers, as a reload
 // does, and prints how many seconds one takes: the middle of many.
 //   bench_redraw TIMELINE.json TIMELINE.json

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What a status bar waits for: `brevant status` on a sample log, beside the sqlite3 shell that runs
 // the same statements.
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/binary_property_list.h"
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/case_mapping.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/delivery_wakeup.h"
 
 #include <algorithm>

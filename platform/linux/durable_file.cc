@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/durable_file.h"
 
 #include <cerrno>

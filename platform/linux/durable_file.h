@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What every file that several processes share is read and written with.
 #pragma once
 

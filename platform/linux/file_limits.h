@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How much of a file that others may have written is believed. Every size is checked before memory
 // is taken for the file, every depth before anything calls itself; whoever refuses names the limit.
 #pragma once

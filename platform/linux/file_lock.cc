@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/file_lock.h"
 
 #include <cerrno>

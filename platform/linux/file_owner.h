@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Whose the files are that this program makes: their user's, also when root runs it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/image_codec.h"
 
 #include <algorithm>

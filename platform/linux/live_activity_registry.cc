@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/live_activity_registry.h"
 
 #include <algorithm>

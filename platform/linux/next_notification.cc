@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/next_notification.h"
 
 #include "platform/linux/calendar.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/png_reader.h"
 
 #include <csetjmp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/png_writer.h"
 
 #include <csetjmp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/property_list.h"
 
 #include <cstdlib>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Property lists as the settings file holds them, behind the one place that knows their library.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/xml_property_list.h"
 
 namespace brevant {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the property list library misses about XML, so that others read what was meant.
 #pragma once
 

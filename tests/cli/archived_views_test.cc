@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Whole view trees as hosts get them: each key here is a contract with programs of other people.
 #include "tests/support/cli.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/cli.h"
 #include "tests/support/terminal.h"
 

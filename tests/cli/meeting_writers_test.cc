@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Changes that meet: each works on what the one before it left, and says what is stored.
 #include <chrono>
 #include <thread>

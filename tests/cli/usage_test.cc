@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <sstream>
 
 #include "cli/terminal_text.h"

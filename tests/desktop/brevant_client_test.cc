@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/brevant_client.h"
 
 #include <QDir>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Whether everything can be read, measured in the drawn pixels of what the real program answers.
 #include <QBuffer>
 #include <QJsonArray>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/desktop/drawn.h"
 
 #include <QBuffer>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/due_clock.h"
 
 #include <QDateTime>

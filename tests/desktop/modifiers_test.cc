@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Every modifier of the contract, measured in what is drawn.
 #include "desktop/modifiers.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The real program, drawing what a played `brevant` says.
 #include <QFile>
 #include <QImage>

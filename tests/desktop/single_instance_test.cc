@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/single_instance.h"
 
 #include <csignal>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/timer_view.h"
 
 #include <QAccessible>

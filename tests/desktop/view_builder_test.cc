@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/view_builder.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A content state that decodes must encode, and decode again to the same value.
 #include <cstdint>
 #include <cstdlib>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Whatever is accepted as a link is, to the letter, the link that it stands for.
 #include "widget/deep_link.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Whatever the file of pending requests holds: reading it never fails, and adding a request keeps
 // those that could be read.
 #include "platform/linux/notification_store.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A picture that decodes has the pixels that its size says, and can be written and read back.
 #include <cstdint>
 #include <cstdlib>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Setting one key of a property list keeps every other as it was, or is refused.
 #include <cstdint>
 #include <cstdlib>

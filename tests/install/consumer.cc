@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A program of somebody else's: counts the unfinished activities of the container it is given.
 #include <cstdio>
 

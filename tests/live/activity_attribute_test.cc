@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "live/activity_attribute.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "live/stop_activity_live_intent.h"
 
 #include <gtest/gtest.h>

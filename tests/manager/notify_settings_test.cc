@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "manager/notify_settings.h"
 
 #include <gmock/gmock.h>

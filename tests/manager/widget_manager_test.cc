@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "manager/widget_manager.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/cloud_database.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/notification_delivery.h"
 
 #include <atomic>

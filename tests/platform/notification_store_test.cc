@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/notification_store.h"
 
 #include <gmock/gmock.h>

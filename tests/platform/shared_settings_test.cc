@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/shared_settings.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/fm_database.h"
 
 #include <functional>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/fm_result_set.h"
 
 #include <gmock/gmock.h>

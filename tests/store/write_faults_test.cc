@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What a write leaves behind when it cannot be completed: the database as it was or as it should
 // be, nothing between, and the change flag never without the change.
 #include <csignal>

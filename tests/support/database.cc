@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/database.h"
 
 #include <gtest/gtest.h>

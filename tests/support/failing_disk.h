@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // System calls that fail on demand, in the test's own process.
 #pragma once
 

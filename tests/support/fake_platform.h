@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Fakes of every platform service that has an outside, in memory and under the test's control. They
 // keep the same promises as the real services and pass the same contract tests.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Work in processes of its own, to show what sharing files and being killed do.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/view_outline.h"
 
 #include "cli/view_json.h"

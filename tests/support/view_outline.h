@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Views as text, so that a test can show the tree that it expects.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widget/deep_link.h"
 
 #include <gtest/gtest.h>

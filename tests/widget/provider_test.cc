@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widget/provider.h"
 
 #include <gmock/gmock.h>
