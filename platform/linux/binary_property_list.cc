@@ -6,16 +6,16 @@
 #include <optional>
 #include <vector>
 
+#include "platform/linux/property_list_limits.h"
+
 namespace brevant {
 namespace {
 
 constexpr std::size_t kHeaderSize = 8;
 constexpr std::size_t kTrailerSize = 32;
-constexpr std::size_t kMaxDepth = 64;
-constexpr std::uint64_t kMaxExpandedSize = std::uint64_t{16} << 20U;
-constexpr std::uint64_t kObjectOverhead = 64;
 
 // Kinds of objects, in the upper half of their markers.
+constexpr std::uint64_t kInteger = 0x1;
 constexpr std::uint64_t kData = 0x4;
 constexpr std::uint64_t kAsciiText = 0x5;
 constexpr std::uint64_t kUtf16Text = 0x6;
@@ -38,12 +38,12 @@ class Walk {
     while (!pending.empty()) {
       const Pending next = pending.back();
       pending.pop_back();
-      if (next.depth > kMaxDepth || !visit(next, pending)) return false;
+      if (next.depth > kMaxPropertyListDepth || !visit(next, pending)) return false;
     }
     return true;
   }
 
-  bool hasCutText() const { return hasCutText_; }
+  bool hasCutValue() const { return hasCutValue_; }
 
  private:
   struct Pending {
@@ -91,6 +91,19 @@ class Walk {
     return text.has_value();
   }
 
+  // One of 16 bytes is how numbers from 2^63 up are written; with more than 64 bits in use the
+  // library takes it for another.
+  bool isCutInteger(std::uint64_t at, std::uint64_t marker) const {
+    return marker == (kInteger << 4U | 4U) && number(at + 1, 8).value_or(0) != 0;
+  }
+
+  // Counted before they are remembered: a list of references to itself is a small file.
+  bool expect(std::uint64_t references) {
+    if (references > kMaxPropertyListObjects - expandedObjects_) return false;
+    expandedObjects_ += references;
+    return true;
+  }
+
   bool visit(const Pending& next, std::vector<Pending>& pending) {
     if (next.object >= objects_ || objects_ > bytes_.size()) return false;
     const auto at = number(offsets_ + next.object * offsetSize_, offsetSize_);
@@ -99,7 +112,7 @@ class Walk {
     const std::uint64_t kind = *marker >> 4U;
     const bool isWhole = isWholeText(*at, *marker);
     if (next.isKey && !isWhole) return false;  // the library does not survive it
-    if (isText(*marker) && !isWhole) hasCutText_ = true;
+    if ((isText(*marker) && !isWhole) || isCutInteger(*at, *marker)) hasCutValue_ = true;
     std::uint64_t payload = 0;
     if (kind >= 4) {  // below: booleans, numbers and dates of a few bytes
       const auto found = extent(*at, *marker);
@@ -107,23 +120,25 @@ class Walk {
       payload = kind == kData ? found->count : found->count * 2;
       const bool isList = kind >= 0xA && kind <= 0xC;
       const std::uint64_t references = isList ? found->count : kind == kDictionary ? payload : 0;
+      if (!expect(references)) return false;
       for (std::uint64_t i = 0; i < references; ++i) {
         const auto object = number(found->at + i * referenceSize_, referenceSize_);
         if (!object) return false;
         pending.push_back({*object, next.depth + 1, kind == kDictionary && i < found->count});
       }
     }
-    expandedSize_ += kObjectOverhead + payload;
-    return expandedSize_ <= kMaxExpandedSize;
+    expandedPayload_ += payload;
+    return expandedPayload_ <= kMaxPropertyListPayload;
   }
 
   const std::string_view bytes_;
-  bool hasCutText_ = false;
+  bool hasCutValue_ = false;
   std::uint64_t offsetSize_ = 0;
   std::uint64_t referenceSize_ = 0;
   std::uint64_t objects_ = 0;
   std::uint64_t offsets_ = 0;
-  std::uint64_t expandedSize_ = 0;
+  std::uint64_t expandedObjects_ = 1;  // with the root
+  std::uint64_t expandedPayload_ = 0;
 };
 
 }  // namespace
@@ -132,9 +147,9 @@ bool isHarmlessBinaryPropertyList(std::string_view bytes) {
   return Walk(bytes).endsInTime();
 }
 
-bool keepsTextsOfBinaryPropertyList(std::string_view bytes) {
+bool keepsValuesOfBinaryPropertyList(std::string_view bytes) {
   Walk walk(bytes);
-  return walk.endsInTime() && !walk.hasCutText();
+  return walk.endsInTime() && !walk.hasCutValue();
 }
 
 }  // namespace brevant

@@ -10,7 +10,8 @@ namespace brevant {
 // fills the memory or never ends; this is asked before anything builds that tree.
 bool isHarmlessBinaryPropertyList(std::string_view bytes);
 
-// Whether the library reads all of each text in a harmless one: it stops at a NUL.
-bool keepsTextsOfBinaryPropertyList(std::string_view bytes);
+// Whether the library reads all of each value in a harmless one: it ends a text at a NUL, and an
+// integer after 64 bits.
+bool keepsValuesOfBinaryPropertyList(std::string_view bytes);
 
 }  // namespace brevant

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <iterator>
 
 #include "platform/linux/file_bytes.h"
 #include "platform/linux/keyed_archive.h"
@@ -90,6 +91,12 @@ ImageRef silhouetteImage(DecodedPng png, double scale) {
                                              std::move(silhouette)});
 }
 
+bool isPng(std::span<const std::uint8_t> bytes) {
+  constexpr std::uint8_t kSignature[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+  return bytes.size() >= sizeof(kSignature) &&
+         std::equal(std::begin(kSignature), std::end(kSignature), bytes.begin());
+}
+
 ByteSource sourceOf(std::span<const std::uint8_t> bytes) {
   return [rest = bytes](std::uint8_t* to, std::size_t size) mutable {
     if (size > rest.size()) return false;
@@ -131,12 +138,14 @@ class PngCodec : public ImageCodec {
   }
 
   std::optional<ImageRef> unarchiveImage(std::span<const std::uint8_t> archive) const override {
-    const auto fields = archivedData(archive);
-    if (!fields) return std::nullopt;
-    for (const std::vector<std::uint8_t>& data : *fields) {
-      if (ImageRef image = decodePng(data, 1)) return image;
-    }
-    return nullptr;
+    ImageRef image;
+    int tries = 0;
+    const bool isArchive = visitArchivedData(archive, [&](std::span<const std::uint8_t> data) {
+      if (!isPng(data)) return true;
+      image = decodePng(data, 1);
+      return !image && ++tries < kMaxArchivedPictures;
+    });
+    return isArchive ? std::optional(image) : std::nullopt;
   }
 };
 

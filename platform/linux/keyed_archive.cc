@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <plist/plist.h>
+#include <set>
 #include <string_view>
 
 #include "platform/linux/binary_property_list.h"
@@ -14,7 +15,7 @@
 namespace brevant {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
+using Bytes = std::span<const std::uint8_t>;
 
 struct FreeNode {
   void operator()(void* node) const { plist_free(node); }
@@ -56,19 +57,20 @@ class Archive {
     if (!is(node, PLIST_DATA)) return std::nullopt;
     std::uint64_t size = 0;
     const char* const start = plist_get_data_ptr(node, &size);
-    return start ? Bytes(start, start + size) : Bytes();
+    return Bytes(reinterpret_cast<const std::uint8_t*>(start), start ? size : 0);
   }
 
-  std::vector<Bytes> dataOfFields(plist_t object) const {
-    std::vector<Bytes> result;
+  void visitFields(plist_t object, const DataVisitor& goesOn) const {
+    std::set<const std::uint8_t*> seen;
     plist_dict_iter iterator = nullptr;
     plist_dict_new_iter(object, &iterator);
     const std::unique_ptr<void, decltype(&std::free)> owner(iterator, &std::free);
     while (true) {
       plist_t value = nullptr;
       plist_dict_next_item(object, iterator, nullptr, &value);
-      if (!value) return result;
-      if (std::optional<Bytes> bytes = data(resolved(value))) result.push_back(std::move(*bytes));
+      if (!value) return;
+      const std::optional<Bytes> bytes = data(resolved(value));
+      if (bytes && seen.insert(bytes->data()).second && !goesOn(*bytes)) return;
     }
   }
 
@@ -103,15 +105,19 @@ class Archive {
 
 }  // namespace
 
-std::optional<std::vector<Bytes>> archivedData(std::span<const std::uint8_t> archive) {
+bool visitArchivedData(std::span<const std::uint8_t> archive, const DataVisitor& goesOn) {
   const std::string_view bytes(reinterpret_cast<const char*>(archive.data()), archive.size());
-  if (isTooLarge(bytes)) return std::vector<Bytes>();
+  if (isTooLarge(bytes)) return true;
   const Archive parsed(bytes);
-  if (!parsed.isKeyedArchive()) return std::nullopt;
+  if (!parsed.isKeyedArchive()) return false;
   plist_t root = parsed.root();
-  if (!root) return std::vector<Bytes>();
-  if (std::optional<Bytes> data = parsed.data(root)) return std::vector<Bytes>{std::move(*data)};
-  return plist_get_node_type(root) == PLIST_DICT ? parsed.dataOfFields(root) : std::vector<Bytes>();
+  if (!root) return true;
+  if (const std::optional<Bytes> data = parsed.data(root)) {
+    goesOn(*data);
+  } else if (plist_get_node_type(root) == PLIST_DICT) {
+    parsed.visitFields(root, goesOn);
+  }
+  return true;
 }
 
 }  // namespace brevant

@@ -11,8 +11,6 @@
 namespace brevant {
 namespace {
 
-constexpr int kMaxDepth = 64;
-
 struct FreeNode {
   void operator()(void* node) const { plist_free(node); }
 };
@@ -87,9 +85,9 @@ PropertyValue date(plist_t node) {
   return {dateFromSeconds(kReferenceDate + seconds + (seconds < 0 ? -fraction : fraction))};
 }
 
-std::optional<PropertyValue> value(plist_t node, int depth);
+std::optional<PropertyValue> value(plist_t node, std::size_t depth);
 
-std::optional<PropertyArray> array(plist_t node, int depth) {
+std::optional<PropertyArray> array(plist_t node, std::size_t depth) {
   plist_array_iter iterator = nullptr;
   plist_array_new_iter(node, &iterator);
   const std::unique_ptr<void, decltype(&std::free)> owner(iterator, &std::free);
@@ -102,7 +100,7 @@ std::optional<PropertyArray> array(plist_t node, int depth) {
   return result;
 }
 
-std::optional<PropertyDictionary> dictionary(plist_t node, int depth) {
+std::optional<PropertyDictionary> dictionary(plist_t node, std::size_t depth) {
   plist_dict_iter iterator = nullptr;
   plist_dict_new_iter(node, &iterator);
   const std::unique_ptr<void, decltype(&std::free)> owner(iterator, &std::free);
@@ -120,8 +118,8 @@ std::optional<PropertyDictionary> dictionary(plist_t node, int depth) {
 }
 
 // Absent when the tree is too deep.
-std::optional<PropertyValue> value(plist_t node, int depth) {
-  if (depth > kMaxDepth) return std::nullopt;
+std::optional<PropertyValue> value(plist_t node, std::size_t depth) {
+  if (depth > kMaxPropertyListDepth) return std::nullopt;
   switch (plist_get_node_type(node)) {
     case PLIST_BOOLEAN:
       return boolean(node);
@@ -157,9 +155,10 @@ std::optional<std::string> written(plist_t root, bool binary) {
 }
 
 // What would be lost although it reads the same before and after, as the library reads it so.
-bool losesTextOrDate(std::string_view before, std::string_view after) {
-  if (isBinary(before)) return !keepsTextsOfBinaryPropertyList(before);
-  return !before.empty() && datesOfXml(before) != datesOfXml(after);
+bool losesValue(std::string_view before, std::string_view after) {
+  if (isBinary(before)) return !keepsValuesOfBinaryPropertyList(before);
+  return !before.empty() &&
+         (datesOfXml(before) != datesOfXml(after) || integersOfXml(before) != integersOfXml(after));
 }
 
 }  // namespace
@@ -181,7 +180,7 @@ std::optional<std::string> mergedPropertyList(std::string_view bytes,
   }
   std::optional<std::string> merged = written(root.get(), bytes.empty() || isBinary(bytes));
   // What the library can read but not write back (a text in no encoding) must not be lost.
-  if (!merged || losesTextOrDate(bytes, *merged)) return std::nullopt;
+  if (!merged || losesValue(bytes, *merged)) return std::nullopt;
   return parsePropertyList(*merged) == expected ? merged : std::nullopt;
 }
 

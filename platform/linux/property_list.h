@@ -8,12 +8,10 @@
 #include <string>
 #include <string_view>
 
+#include "platform/linux/property_list_limits.h"
 #include "platform/property_value.h"
 
 namespace brevant {
-
-// Above this size a property list is refused.
-inline constexpr std::size_t kMaxPropertyListSize = std::size_t{256} << 10U;
 
 // The dictionary in a binary or XML property list; absent when the bytes hold none.
 std::optional<PropertyDictionary> parsePropertyList(std::string_view bytes);

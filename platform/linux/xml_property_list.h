@@ -19,4 +19,8 @@ std::string strictXml(std::string_view written);
 // The texts of all dates, in order, with such years. The library takes longer years for others.
 std::vector<std::string> datesOfXml(std::string_view xml);
 
+// The texts of all integers, in order, as the library writes them. It takes one beyond 64 bits for
+// another.
+std::vector<std::string> integersOfXml(std::string_view xml);
+
 }  // namespace brevant

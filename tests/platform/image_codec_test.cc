@@ -6,12 +6,14 @@
 
 #include "platform/linux/property_list.h"
 #include "platform/picture_limits.h"
+#include "tests/support/big_endian.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_data.h"
 
 namespace brevant {
 namespace {
 
+using test::bigEndian;
 using test::testData;
 using Bytes = std::vector<std::uint8_t>;
 
@@ -98,12 +100,6 @@ const std::string kData =
     "<data>iVBORw0KGgoAAAANSUhEUgAAAAIAAAABCAYAAAD0In+KAAAADklEQVR42mP4z8AAQg0AD3oDfmqBMeEAAAAASUVO"
     "RK5CYII=</data>";
 
-std::string bigEndian(std::size_t number, int bytes) {
-  std::string result;
-  while (bytes-- > 0) result += static_cast<char>(number >> (8U * static_cast<unsigned>(bytes)));
-  return result;
-}
-
 std::string binaryArchive(const std::string& data) {
   const std::string objects[] = {"\xD3\1\2\3\4\5\6",
                                  "\x59$archiver",
@@ -126,10 +122,22 @@ std::string binaryArchive(const std::string& data) {
   return result + offsets + trailer;
 }
 
+// So many fields that refer to one object.
+std::string fields(int count, const std::string& object) {
+  std::string result;
+  for (int i = 0; i < count; ++i) {
+    result += "<key>" + object + "-" + std::to_string(i) +
+              "</key><dict><key>CF$UID</key><integer>" + object + "</integer></dict>";
+  }
+  return result;
+}
+
 TEST(ImageCodecTest, FindsTheImageInAnArchive) {
   for (const std::string& archive :
        {testData("archive_data.plist"), testData("archive_object.plist"), xmlArchive(kData),
         xmlArchive("<dict><key>a</key><string/><key>b</key>" + kData + "</dict>"),
+        xmlArchive("<dict>" + fields(1000, "2") + fields(1, "3") +
+                   "</dict><data>iVBORw0KGgo=</data>" + kData),
         binaryArchive(samplePng() + std::string(kMaxArchiveSize - 1000, '\0'))}) {
     const auto image = makeImageCodec()->unarchiveImage(bytesOf(archive));
     ASSERT_TRUE(image && *image) << archive.substr(0, 1000);
