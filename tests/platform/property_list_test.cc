@@ -53,7 +53,7 @@ TEST(PropertyListTest, KeepsValuesForStrictReaders) {
       {"<date>2023-11-05T01:02:03Z</date>", "<date>2023-11-05T01:02:03Z</date>"},
       {"<string>a&#13;b&#xD;&#10;c\r\nd\re</string>", "<string>a&#13;b&#13;\nc\nd\ne</string>"},
       {"<real>nan</real>", "<real>nan</real>"},
-      {"<integer> +0018446744073709551615\n</integer>", "<integer>18446744073709551615</integer>"},
+      {"<integer>18446744073709551615</integer>", "<integer>18446744073709551615</integer>"},
       {"<integer>-0</integer>", "<integer>0</integer>"},
       {"<integer>0xFF</integer>", "<integer>255</integer>"},
       {"<array><real>nan</real></array>", "<real>nan</real>"},
@@ -71,7 +71,7 @@ TEST(PropertyListTest, ReadsButNeverWritesWhatItWouldLose) {
        {binaryWith(std::string("\0n", 2), std::string("\0\0", 2)),  // a text's second letter
         xml("<date>12345-12-30T00:00:00Z</date>"), xml("<date>-0001-12-30T00:00:00Z</date>"),
         xml("<integer>18446744073709551616</integer>"),
-        xml("<integer>-9223372036854775809</integer>"),
+        xml("<integer>-9223372036854775809</integer>"), xml("<integer>010</integer>"),
         xml("<array><integer>0x10000000000000000</integer></array>"),
         listOf(1, "\x14" + std::string(7, '\0') + std::string(9, '\1'))}) {
     EXPECT_TRUE(parsePropertyList(contents));
