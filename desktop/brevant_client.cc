@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/brevant_client.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QPointer>
 #include <QProcess>
 #include <QTimer>
 #include <optional>
 #include <utility>
 
+#include "desktop/answer_json.h"
+#include "desktop/answer_limits.h"
 #include "desktop/programs.h"
 #include "desktop/translate.h"
 
@@ -21,18 +21,6 @@ namespace {
 using Outcome = Answer::Outcome;
 
 enum class Reply { kJson, kNothing };
-
-// An honest answer holds a few icons; a program gone wild must not fill the memory.
-constexpr qsizetype kMostOutput = qsizetype{16} << 20;
-constexpr qsizetype kMostErrors = qsizetype{64} << 10;
-constexpr qsizetype kLongestError = 200;
-
-// A lone value such as null is an answer too, but the parser takes only arrays and objects.
-std::optional<QJsonValue> parseJson(const QByteArray& text) {
-  const QJsonArray values = QJsonDocument::fromJson("[" + text + "]").array();
-  if (values.size() != 1) return std::nullopt;
-  return values.first();
-}
 
 // Without the program's name, which people have not run.
 QString lastLine(const QByteArray& text) {
@@ -80,7 +68,12 @@ class Run : public QObject {
     if (output_.size() > kMostOutput) giveUp(translate("brevant answered without end"));
   }
 
-  void readErrors() { errors_ = (errors_ + process_.readAllStandardError()).right(kMostErrors); }
+  void readErrors() {
+    const QByteArray more = process_.readAllStandardError();
+    errors_ = (errors_ + more).right(kMostErrors);
+    errorBytes_ += more.size();
+    if (errorBytes_ > kMostOutput) giveUp(translate("brevant answered without end"));
+  }
 
   void giveUp(const QString& why) {
     if (reason_.isEmpty()) reason_ = why;
@@ -107,7 +100,7 @@ class Run : public QObject {
     if (exitCode != 0) return tell(failed(translate("brevant ended with code %1").arg(exitCode)));
     if (reply_ == Reply::kNothing) return tell({Outcome::kDone, {}, {}});
     output_ += process_.readAllStandardOutput();
-    const std::optional<QJsonValue> value = parseJson(output_);
+    const std::optional<QJsonValue> value = jsonFromAnswer(output_);
     if (!value) return tell(failed(translate("brevant answered something that cannot be used")));
     tell({Outcome::kDone, *value, {}});
   }
@@ -133,6 +126,7 @@ class Run : public QObject {
   QProcess process_;
   QTimer patience_;
   QByteArray output_, errors_;
+  qsizetype errorBytes_ = 0;
   QString reason_;  // why it was killed
   Reply reply_;
   QPointer<QObject> receiver_;

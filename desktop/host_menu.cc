@@ -19,6 +19,9 @@ namespace {
 // Deeper groups are not offered: a log can hold a chain of them that no screen can.
 constexpr int kDeepest = 8;
 
+// Nor are more than a screen can list; each category also has a picture of its own.
+constexpr qsizetype kMostCategories = 1000, kMostActivities = 20;
+
 QString nameOf(const QJsonValue& record) {
   // An ampersand would underline the letter after it.
   return record["name"_L1].toString().replace(u'&', u"&&"_s);
@@ -90,29 +93,33 @@ void HostMenu::addRun(const QString& title, const QStringList& arguments) {
 }
 
 void HostMenu::addActivities(const MenuState& state) {
-  for (const QJsonValue& activity : state.running) {
+  for (qsizetype i = 0; i < std::min(state.running.size(), kMostActivities); ++i) {
+    const QJsonValue activity = state.running[i];
     addRun(titleFor(translate("Pause"), translate("Pause %1"), state.running, activity),
            {u"pause"_s, guidOf(activity)});
     addRun(titleFor(translate("Stop"), translate("Stop %1"), state.running, activity),
            {u"stop"_s, guidOf(activity)});
   }
-  for (const QJsonValue& activity : state.paused)
+  for (qsizetype i = 0; i < std::min(state.paused.size(), kMostActivities); ++i) {
+    const QJsonValue activity = state.paused[i];
     addRun(translate("Resume %1").arg(nameOf(activity)), {u"resume"_s, guidOf(activity)});
+  }
 }
 
 void HostMenu::addStart(const QJsonArray& categories) {
   Children children;
-  for (const QJsonValue& category : categories)
-    children[category["parentGuid"_L1].toString()] << category;
+  for (qsizetype i = 0; i < std::min(categories.size(), kMostCategories); ++i)
+    children[categories[i]["parentGuid"_L1].toString()] << categories[i];
   auto* start = new QMenu(translate("Start"), this);
   addCategories(*start, children, {}, 0);
   start->setEnabled(!start->isEmpty());
   addMenu(start);
 }
 
-void HostMenu::addCategories(QMenu& menu, const Children& children, const QString& parentGuid,
+// Each guid's once: groups that share one would otherwise each hold all of them, level by level.
+void HostMenu::addCategories(QMenu& menu, Children& children, const QString& parentGuid,
                              int depth) {
-  for (const QJsonValue& category : children.value(parentGuid)) {
+  for (const QJsonValue& category : children.take(parentGuid)) {
     if (!category["isGroup"_L1].toBool()) {
       const QStringList start{u"start"_s, guidOf(category)};
       connect(menu.addAction(dotOf(category), nameOf(category)), &QAction::triggered, this,

@@ -49,7 +49,7 @@ class HostMenu : public QMenu {
   void addActivities(const MenuState& state);
   using Children = QHash<QString, QJsonArray>;  // of each group; of no group: the roots
   void addStart(const QJsonArray& categories);
-  void addCategories(QMenu& menu, const Children& children, const QString& parentGuid, int depth);
+  void addCategories(QMenu& menu, Children& children, const QString& parentGuid, int depth);
   void addWindows(const MenuState& state);
   QAction* addChoice(const QString& title, bool isChosen);
 

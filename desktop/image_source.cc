@@ -11,6 +11,8 @@
 #include <memory>
 
 #include "desktop/json_values.h"
+#include "desktop/plain_png.h"
+#include "desktop/view_limits.h"
 
 namespace brevant {
 
@@ -20,14 +22,27 @@ namespace {
 
 constexpr double kLargestSide = 4096;
 
-QImage decodedPng(const QByteArray& base64) {
-  QByteArray png = QByteArray::fromBase64(base64);
+QImage decodedPng(const QByteArray& base64, qint64& pixels) {
+  QByteArray png = plainPng(QByteArray::fromBase64(base64));
   QBuffer buffer(&png);
   QImageReader reader(&buffer, "png");
   // A few bytes can claim to be gigabytes of pixels.
   const QSize size = reader.size();
   if (!size.isValid() || size.width() > kLargestSide || size.height() > kLargestSide) return {};
+  const qint64 area = qint64{size.width()} * size.height();
+  if (area > pixels) {
+    reportOnce(u"pictures of more than %1 pixels"_s.arg(kMostPixels));
+    return {};
+  }
+  pixels -= area;
+  QImageReader::setAllocationLimit(kPictureMegabytes);
   return reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+// One that has more pixels than are ever drawn is kept smaller.
+QImage kept(const QImage& image) {
+  if (std::max(image.width(), image.height()) <= kMostKeptSide) return image;
+  return image.scaled(kMostKeptSide, kMostKeptSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
 // The symbols lie beside the program, in a build tree and installed, wherever that is.
@@ -49,8 +64,8 @@ QImage tinted(QSvgRenderer& symbol, const QColor& color, QSize pixels) {
 
 }  // namespace
 
-std::optional<ImageSource> pictureFromJson(const QJsonValue& image) {
-  const QImage decoded = decodedPng(image["png"_L1].toString().toLatin1());
+std::optional<ImageSource> pictureFromJson(const QJsonValue& image, qint64& pixels) {
+  const QImage decoded = decodedPng(image["png"_L1].toString().toLatin1(), pixels);
   if (decoded.isNull()) {
     reportOnce(u"an image without a sound PNG"_s);
     return std::nullopt;
@@ -60,10 +75,9 @@ std::optional<ImageSource> pictureFromJson(const QJsonValue& image) {
       numberFromJson(image["width"_L1], 1, kLargestSide).value_or(decoded.width() / scale);
   const double height =
       numberFromJson(image["height"_L1], 1, kLargestSide).value_or(decoded.height() / scale);
-  return ImageSource{{width, height}, false, [decoded](QSize pixels) {
-                       if (decoded.size() == pixels) return decoded;
-                       return decoded.scaled(pixels, Qt::IgnoreAspectRatio,
-                                             Qt::SmoothTransformation);
+  return ImageSource{{width, height}, false, [picture = kept(decoded)](QSize size) {
+                       if (picture.size() == size) return picture;
+                       return picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
                      }};
 }
 

@@ -19,8 +19,9 @@ struct ImageSource {
   std::function<QImage(QSize pixels)> draw;
 };
 
-// From an archived image; absent when there is no sound PNG in it.
-[[nodiscard]] std::optional<ImageSource> pictureFromJson(const QJsonValue& image);
+// From an archived image; absent when there is no sound PNG in it, or one of more than `pixels`,
+// which it takes its own from.
+[[nodiscard]] std::optional<ImageSource> pictureFromJson(const QJsonValue& image, qint64& pixels);
 // A symbol of the program's own, in one colour, for text of that size; absent, with a report, when
 // it is not there.
 [[nodiscard]] std::optional<ImageSource> symbolNamed(const QString& name, const QColor& color,

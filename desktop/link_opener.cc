@@ -4,8 +4,10 @@
 #include <QCoreApplication>
 #include <QProcess>
 #include <QStringList>
+#include <memory>
 #include <utility>
 
+#include "desktop/answer_limits.h"
 #include "desktop/programs.h"
 #include "desktop/translate.h"
 
@@ -40,9 +42,14 @@ void openLink(const QString& destination, QObject* receiver,
   }
   auto* helper = new QProcess(QCoreApplication::instance());
   helper->setStandardOutputFile(QProcess::nullDevice());
+  // What it started may go on talking for hours.
+  const auto errors = std::make_shared<QByteArray>();
+  QObject::connect(helper, &QProcess::readyReadStandardError, helper, [=] {
+    *errors = (*errors + helper->readAllStandardError()).right(kMostErrors);
+  });
   QObject::connect(helper, &QProcess::finished, receiver, [=, done = std::move(done)] {
     const bool worked = helper->exitStatus() == QProcess::NormalExit && helper->exitCode() == 0;
-    done(worked ? QString() : reasonIn(QString::fromUtf8(helper->readAllStandardError())));
+    done(worked ? QString() : reasonIn(QString::fromUtf8(*errors)));
   });
   QObject::connect(helper, &QProcess::finished, helper, &QObject::deleteLater);
   helper->start(kHelper, {destination}, QIODevice::ReadOnly);

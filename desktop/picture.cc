@@ -4,14 +4,16 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QDateTime>
+#include <QEventLoop>
 #include <QFontMetrics>
 #include <QImage>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QProcess>
 #include <QSaveFile>
+#include <QTimer>
 #include <cstdio>
 
+#include "desktop/answer_json.h"
+#include "desktop/answer_limits.h"
 #include "desktop/brevant_client.h"
 #include "desktop/fonts.h"
 #include "desktop/programs.h"
@@ -65,28 +67,55 @@ QString reasonIn(const QString& said) {
   return line.startsWith("brevant: "_L1) ? line.mid(9) : line;
 }
 
+// What a process says until it ends, gets too long or takes too long.
+struct Said {
+  QByteArray output, errors;
+  bool isEndless = false;
+};
+
+Said heardFrom(QProcess& process) {
+  Said said;
+  qsizetype heard = 0;
+  QEventLoop loop;
+  const auto hear = [&] {
+    const QByteArray output = process.readAllStandardOutput();
+    const QByteArray errors = process.readAllStandardError();
+    heard += output.size() + errors.size();
+    said.isEndless = heard > kMostOutput;
+    if (said.isEndless) return loop.quit();
+    said.output += output;
+    said.errors = (said.errors + errors).right(kMostErrors);
+  };
+  QObject::connect(&process, &QProcess::readyReadStandardOutput, &loop, hear);
+  QObject::connect(&process, &QProcess::readyReadStandardError, &loop, hear);
+  QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+  QObject::connect(&process, &QProcess::errorOccurred, &loop, &QEventLoop::quit);
+  QTimer::singleShot(kPatience, &loop, &QEventLoop::quit);
+  if (process.state() != QProcess::NotRunning) loop.exec();
+  hear();
+  return said;
+}
+
 Shown shownBy(QProcess& brevant, Surface surface) {
-  if (!brevant.waitForFinished(kPatience)) {
-    return failed(brevant.error() == QProcess::FailedToStart
-                      ? u"cannot run %1: %2"_s.arg(brevant.program(), brevant.errorString())
-                      : brevant.program() + u" does not answer"_s);
+  const Said all = heardFrom(brevant);
+  if (brevant.error() == QProcess::FailedToStart)
+    return failed(u"cannot run %1: %2"_s.arg(brevant.program(), brevant.errorString()));
+  if (all.isEndless) {
+    return failed(u"%1 answered more than %2 MiB"_s.arg(brevant.program()).arg(kMostOutput >> 20));
   }
-  const QString said = QString::fromLocal8Bit(brevant.readAllStandardError()).trimmed();
+  if (brevant.state() != QProcess::NotRunning)
+    return failed(brevant.program() + u" does not answer"_s);
+  const QString said = QString::fromLocal8Bit(all.errors).trimmed();
   if (brevant.exitStatus() != QProcess::NormalExit) {
     return failed(u"%1 crashed: %2"_s.arg(brevant.program(), said.section(u'\n', -1)));
   }
   if (brevant.exitCode() != 0) {
     return failed(reasonIn(said), brevant.exitCode() == kWrongUsage ? kWrongUsage : kFailed);
   }
-  const QByteArray output = brevant.readAllStandardOutput().trimmed();
-  if (isTimeline(surface) && output == "null") return {};  // nothing to show
-  QJsonParseError error;
-  const QJsonDocument json = QJsonDocument::fromJson(output, &error);
-  if (error.error != QJsonParseError::NoError) {
-    return failed(u"%1 answered no JSON: %2"_s.arg(brevant.program(), error.errorString()));
-  }
-  if (!isTimeline(surface)) return {0, {}, json.object()};
-  return {0, {}, json["entries"_L1][0].toObject()};
+  const std::optional<QJsonValue> json = jsonFromAnswer(all.output);
+  if (!json) return failed(u"%1 answered no JSON that can be used"_s.arg(brevant.program()));
+  if (!isTimeline(surface)) return {0, {}, json->toObject()};
+  return {0, {}, (*json)["entries"_L1][0].toObject()};  // of null: nothing to show
 }
 
 QImage rendered(QWidget& card, double scale) {

@@ -14,6 +14,7 @@
 #include "desktop/stack_layout.h"
 #include "desktop/timer_view.h"
 #include "desktop/translate.h"
+#include "desktop/view_limits.h"
 
 namespace brevant {
 
@@ -23,9 +24,6 @@ namespace {
 
 constexpr double kDefaultSpacing = 8, kLargestSpacing = 1000;
 constexpr int kLabelSpacing = 6;
-// Far more than any view has; a hostile tree gets no further.
-constexpr int kDeepest = 64, kMostNodes = 1000;
-constexpr qsizetype kLongestText = 1000;
 
 using Widget = std::unique_ptr<QWidget>;
 
@@ -44,15 +42,17 @@ class Builder {
   // Null for what cannot be drawn. `axis` is that of the stack around it.
   Widget build(const QJsonObject& node, const ViewEnvironment& outside,
                std::optional<Qt::Orientation> axis = std::nullopt) {
-    if (depth_ >= kDeepest || nodes_ >= kMostNodes) {
-      reportOnce(u"what is nested too deeply or is too much"_s);
+    const QJsonArray modifiers = node["modifiers"_L1].toArray();
+    const qsizetype boxes = 1 + modifiers.size();
+    if (boxes > kDeepestView - depth_ || boxes > kMostNodes - nodes_) {
+      reportOnce(u"more than %1 views and modifiers, or %2 in each other"_s.arg(kMostNodes)
+                     .arg(kDeepestView));
       return nullptr;
     }
-    ++nodes_;
-    ++depth_;
-    const QJsonArray modifiers = node["modifiers"_L1].toArray();
+    nodes_ += boxes;
+    depth_ += boxes;
     Widget content = buildNode(node, modifiers, environmentInside(modifiers, outside), axis);
-    --depth_;
+    depth_ -= boxes;
     if (!content) return nullptr;
     return modified(std::move(content), modifiers, outside, direction_);
   }
@@ -94,7 +94,7 @@ class Builder {
     const QJsonValue symbol = node["systemName"_L1];
     auto source = symbol.isString()
                       ? symbolNamed(symbol.toString(), inside.foregroundColor, inside.font.size)
-                      : pictureFromJson(node["image"_L1]);
+                      : pictureFromJson(node["image"_L1], pixels_);
     if (!source) return nullptr;
     const auto sizing = hasModifier(modifiers, "resizable"_L1) ? ImageView::Sizing::kResizable
                                                                : ImageView::Sizing::kNatural;
@@ -186,7 +186,8 @@ class Builder {
 
   const DrawingContext& context_;
   Qt::LayoutDirection direction_;
-  int depth_ = 0, nodes_ = 0;
+  qsizetype depth_ = 0, nodes_ = 0;
+  qint64 pixels_ = kMostPixels;  // that its pictures may still have
 };
 
 }  // namespace

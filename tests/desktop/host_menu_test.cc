@@ -69,6 +69,24 @@ TEST(HostMenu, OffersWhatCanBeDone) {
   EXPECT_EQ(run, QStringList({u"pause R"_s, u"stop R"_s, u"resume Q"_s, u"start s"_s}));
 }
 
+TEST(HostMenu, HoldsEachCategoryOnceAndNoMoreThanAScreenCan) {
+  HostMenu menu;
+  MenuState state;
+  QJsonArray& groups = state.categories;
+  for (int i = 0; i < 40; ++i)  // each is in each other
+    groups << QJsonObject{{u"guid"_s, u"g"_s},
+                          {u"name"_s, u"G"_s},
+                          {u"isGroup"_s, true},
+                          {u"parentGuid"_s, i == 0 ? u""_s : u"g"_s}};
+  for (int i = 0; i < 2000; ++i)
+    groups << QJsonObject{
+        {u"guid"_s, u"c"_s}, {u"name"_s, u"C"_s}, {u"isGroup"_s, false}, {u"parentGuid"_s, u"g"_s}};
+  for (int i = 0; i < 500; ++i) state.paused << QJsonObject{{u"name"_s, u"P"_s}};
+  menu.show(state);
+  EXPECT_EQ(pathsOf(menu).filter(u"Start>"_s).size(), 1000 - 40);
+  EXPECT_EQ(pathsOf(menu).filter(u"Resume"_s).size(), 20);
+}
+
 TEST(HostMenu, NamesTheActivitiesWhereSeveralRun) {
   HostMenu menu;
   MenuState state;

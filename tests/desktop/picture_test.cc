@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 // The real program, drawing what a played `brevant` says.
+#include <QBuffer>
 #include <QFile>
 #include <QImage>
 #include <csignal>
@@ -73,6 +74,9 @@ TEST_F(PictureTest, SaysInOneLineWhyThereIsNone) {
       {"echo 'log line' >&2; echo 'not a version: x' >&2; exit 2", 2, "not a version: x"},
       {"echo 'Fatal error: missing image' >&2; kill -ABRT $$", 1, "Fatal error: missing image"},
       {"echo garbage; exit 0", 1, "no JSON"},
+      {"yes '[' | head -c 200; yes ']' | head -c 200; exit 0", 1, "no JSON"},
+      {"exec cat /dev/zero", 1, "more than 16 MiB"},
+      {"exec cat /dev/zero >&2", 1, "more than 16 MiB"},
   };
   for (const auto& [misbehaviour, exitCode, error] : cases) {
     brevant_.misbehave(misbehaviour);
@@ -98,6 +102,31 @@ TEST_F(PictureTest, SaysInOneLineWhyThereIsNone) {
   EXPECT_EQ(tooLarge.exitCode, 1) << "a limit on files is an error, no death";
   EXPECT_EQ(tooLarge.error.count(u'\n'), 1);
   EXPECT_FALSE(QFile::exists(file()));
+}
+
+TEST_F(PictureTest, TakesLittleMemoryForAnyAnswer) {
+  QByteArray png;
+  QBuffer buffer(&png);
+  QImage(4096, 4096, QImage::Format_Mono).save(&buffer, "PNG");
+  const QByteArray claim("\x40\0\0\0tEXta\0", 10);  // a gigabyte
+  const auto image = [](const QByteArray& file) {
+    return "{'view':'Image','image':{'png':'" + file.toBase64() + "'}}";
+  };
+  const QByteArray hostile[] = {
+      stack("HStack", QByteArrayList(30, image(png))),
+      image(QByteArray(png).insert(33, claim)),
+      text("x", QByteArrayList(100'000, "{'padding':{'top':1}}").join(',')),
+      stack("HStack", QByteArrayList(400, text("x", "{'opacity':0.5},{'padding':{'top':1}}"))),
+  };
+  for (const QByteArray& view : hostile) {
+    brevant_.answer(u"live show"_s, ("{'lockScreen':" + view + "}").replace('\'', '"'));
+    EXPECT_EQ(draw(u"lock-screen"_s).exitCode, 0) << view.left(60).toStdString();
+  }
+#ifndef __SANITIZE_ADDRESS__
+  ::rusage used;
+  ::getrusage(RUSAGE_CHILDREN, &used);
+  EXPECT_LT(used.ru_maxrss, 128 * 1024) << "of the hungriest";
+#endif
 }
 
 }  // namespace
