@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -84,7 +85,9 @@ Outcome Process::wait() {
   close(out_);
   close(err_);
   int status = 0;
-  waitpid(pid_, &status, 0);
+  rusage used{};
+  wait4(pid_, &status, 0, &used);
+  outcome.peakKilobytes = used.ru_maxrss;
   pid_ = -1;
   if (WIFEXITED(status)) outcome.exitCode = WEXITSTATUS(status);
   if (WIFSIGNALED(status)) outcome.signal = WTERMSIG(status);

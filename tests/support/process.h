@@ -12,6 +12,7 @@ namespace brevant::test {
 struct Outcome {
   int exitCode = -1;  // -1 when a signal ended it
   int signal = 0;
+  long peakKilobytes = 0;  // of its memory, or of this process when it was started
   std::string out;
   std::string err;
 };
