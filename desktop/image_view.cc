@@ -5,6 +5,8 @@
 #include <cmath>
 #include <utility>
 
+#include "desktop/view_limits.h"
+
 namespace brevant {
 
 ImageView::ImageView(ImageSource source, Sizing sizing, double opacity, QWidget* parent)
@@ -42,10 +44,12 @@ void ImageView::paintEvent(QPaintEvent*) {
   const QRectF device = toDevice.mapRect(target());
   const QSize pixels = device.size().toSize();
   if (pixels.isEmpty()) return;
-  if (drawn_.size() != pixels) drawn_ = source_.draw(pixels);
+  const QSize most(kMostKeptSide, kMostKeptSide);
+  if (drawn_.size() != pixels.boundedTo(most)) drawn_ = source_.draw(pixels.boundedTo(most));
   const QPointF corner(std::round(device.left()), std::round(device.top()));
   painter.setOpacity(opacity_);
   painter.drawImage(toDevice.inverted().mapRect(QRectF(corner, QSizeF(pixels))), drawn_);
+  if (drawn_.size() != pixels) drawn_ = {};  // a large one is not worth its memory
 }
 
 }  // namespace brevant

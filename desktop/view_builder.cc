@@ -3,6 +3,7 @@
 
 #include <QJsonArray>
 #include <QUrlQuery>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -76,7 +77,8 @@ class Builder {
   Widget buildText(const QJsonObject& node, const ViewEnvironment& inside) {
     const QJsonValue date = node["date"_L1];
     if (!date.isDouble()) {
-      const QString text = node["text"_L1].toString().left(kLongestText);
+      const QString text = node["text"_L1].toString().left(std::min(kLongestText, letters_));
+      letters_ -= text.size();
       auto view = std::make_unique<TextView>(text, inside.textLook());
       view->setAccessibleName(text);
       return view;
@@ -187,7 +189,8 @@ class Builder {
   const DrawingContext& context_;
   Qt::LayoutDirection direction_;
   qsizetype depth_ = 0, nodes_ = 0;
-  qint64 pixels_ = kMostPixels;  // that its pictures may still have
+  qint64 pixels_ = kMostPixels;       // that its pictures may still have
+  qsizetype letters_ = kMostLetters;  // and its texts
 };
 
 }  // namespace
