@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/answer_json.h"
 
 #include <QJsonArray>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How much is believed of what another process says, `brevant` included.
 #pragma once
 

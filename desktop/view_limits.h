@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How much of a view tree is drawn. A widget of ours has some thirty nodes, eight deep, with one
 // icon; what is beyond is left out and reported.
 #pragma once

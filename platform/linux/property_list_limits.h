@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How much of a property list is believed: the settings that the tracker writes, and the archives
 // in its cache of icons. The library that reads them builds the whole tree at once.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The real program on files that were made to do harm: it says in one line what is wrong, takes
 // little memory and leaves the file as it was.
 #include <functional>
