@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "cli/commands.h"
 #include "cli/context.h"
+#include "cli/database_place.h"
 #include "cli/json_reminders.h"
 #include "cli/other_program.h"
 #include "cli/reminder_actions.h"
-#include "cli/reminder_store.h"
 #include "cli/terminal_text.h"
 #include "cli/text_time.h"
 #include "manager/notify_settings.h"
@@ -35,6 +35,10 @@ ExitCode printTimes(Context& context) {
   return context.doneReading();
 }
 
+UserNotificationCenter::Completion hearInto(SaveOutcome& outcome) {
+  return [&outcome](const SaveOutcome& heard) { outcome = heard; };
+}
+
 void printRequests(Context& context, const std::vector<NotificationRequest>& requests) {
   if (context.options.json) return context.print(notificationRequestsJson(requests));
   for (const NotificationRequest& request : requests) {
@@ -46,56 +50,71 @@ void printRequests(Context& context, const std::vector<NotificationRequest>& req
 
 ExitCode printPending(Context& context) {
   std::vector<NotificationRequest> requests;
+  SaveOutcome outcome;
   if (context.warnIfNoContainer()) {
-    const ReminderStore store(context);
-    requests = store.pending();
-    if (store.problem()) context.warn(*store.problem());
+    context.platform.notifications.pendingRequests([&](const auto& pending) { requests = pending; },
+                                                   hearInto(outcome));
   }
+  if (!outcome.isSaved()) return context.refuse(outcome.why);
   printRequests(context, requests);
   return ExitCode::kDone;
 }
 
+// What changes the pending reminders makes no container: who mistypes one would wait in vain.
+ExitCode inContainer(Context& context, ExitCode (*work)(Context&)) {
+  const std::optional<std::string> trouble = missingContainer(context.platform.files);
+  return trouble ? context.refuse(*trouble) : work(context);
+}
+
+// What was done, though the disk may forget it, is done.
+ExitCode told(Context& context, const SaveOutcome& outcome, std::string_view nothing) {
+  if (!outcome.isSaved()) return context.refuse(std::string(nothing) + ": " + outcome.why);
+  if (!outcome.why.empty()) context.warn(outcome.why);
+  return context.done();
+}
+
 ExitCode schedule(Context& context) {
   context.warnIfNoDatabase();
-  const ReminderStore store(context);
-  const auto manager = WidgetManager::open(store.platform(), context.store.listener());
+  const auto manager = context.openManager();
   if (!manager->notifySettings().enabled) {
     if (!context.options.json) context.printLine("Reminders are off; nothing was scheduled");
     return context.done();
   }
-  // With nothing to read there would be no times, and the pending ones would be gone.
-  static_cast<void>(manager->notifyHours());
+  SaveOutcome outcome;
+  manager->scheduleRemindMeNotifications(hearInto(outcome));
   if (context.store.failure()) return context.doneReading();
-  manager->scheduleRemindMeNotifications();
-  const std::size_t count = store.pending().size();
-  if (context.store.failure()) return context.doneReading();
-  if (store.problem()) return context.refuse("not every reminder was stored: " + *store.problem());
-  if (!context.options.json) context.printLine("Pending reminders: " + std::to_string(count));
-  return context.done();
+  if (outcome.isSaved() && !context.options.json) {
+    std::size_t count = 0;
+    context.platform.notifications.pendingRequests(
+        [&](const auto& pending) { count = pending.size(); }, [](const auto&) {});
+    context.printLine("Pending reminders: " + std::to_string(count));
+  }
+  return told(context, outcome, "nothing was scheduled");
 }
 
 ExitCode cancel(Context& context) {
-  if (!context.warnIfNoContainer()) return context.done();
-  const ReminderStore store(context);
-  WidgetManager::open(store.platform())->cancelRemindMeNotifications();
-  if (store.problem()) return context.refuse("nothing was cancelled: " + *store.problem());
-  return context.done();
+  SaveOutcome outcome;
+  context.openManager()->cancelRemindMeNotifications(hearInto(outcome));
+  return told(context, outcome, "nothing was cancelled");
 }
 
 ExitCode deliverOnce(Context& context) {
-  if (!context.warnIfNoContainer()) return context.done();
-  const ReminderStore store(context);
-  const Delivery delivery = deliverDueNotifications(store.platform(), *context.notifications);
-  if (store.problem()) return context.refuse(*store.problem());
-  switch (delivery) {
-    case Delivery::kDone:
+  const Delivery delivery = deliverDueNotifications(context.platform, *context.notifications);
+  switch (delivery.state) {
+    case Delivery::State::kDone:
       return context.done();
-    case Delivery::kNoService:
+    case Delivery::State::kNoService:
       return context.refuse("no notification service is running; what is due stays pending");
-    case Delivery::kFailed:
+    case Delivery::State::kFailed:
       break;
   }
-  return context.refuse("the pending reminders cannot be read and written in this container");
+  return context.refuse(delivery.why);
+}
+
+ExitCode watch(Context& context) {
+  return watchNotifications(context.platform, *context.notifications, reminderActions(context))
+             ? ExitCode::kDone
+             : context.refuse("the pending reminders cannot be kept in this container");
 }
 
 ExitCode deliver(Context& context, bool keepWatching) {
@@ -104,10 +123,7 @@ ExitCode deliver(Context& context, bool keepWatching) {
     return context.refuse(program ? become(*program, context.arguments)
                                   : "libexec/brevant-session, which shows reminders, is missing");
   }
-  if (!keepWatching) return deliverOnce(context);
-  return watchNotifications(context.platform, *context.notifications, reminderActions(context))
-             ? ExitCode::kDone
-             : context.refuse("the pending reminders cannot be kept in this container");
+  return inContainer(context, keepWatching ? watch : deliverOnce);
 }
 
 }  // namespace
@@ -121,19 +137,20 @@ void addReminderCommands(CommandLine& line) {
   reminders.command("times", "When it would remind within a day", "brevant reminders times")
       .query(printTimes);
   reminders.command("schedule", "Replace the pending reminders", "brevant reminders schedule")
-      .run(schedule);
+      .run([](Context& context) { return inContainer(context, schedule); });
   reminders.command("cancel", "Remove the pending reminders", "brevant reminders cancel")
-      .run(cancel);
+      .run([](Context& context) { return inContainer(context, cancel); });
   reminders.command("pending", "List the pending reminders", "brevant reminders pending --json")
       .query(printPending);
 
   const Command delivering =
       reminders.command("deliver", "Show what is due on the desktop and drop it",
                         "brevant reminders deliver --watch");
-  const auto watch = delivering.flag("--watch",
-                                     "Keep doing so until told to end with SIGTERM; only then with "
-                                     "buttons to stop and pause what runs");
-  delivering.run([watch](Context& context) { return deliver(context, *watch); });
+  const auto keepWatching =
+      delivering.flag("--watch",
+                      "Keep doing so until told to end with SIGTERM; only then with "
+                      "buttons to stop and pause what runs");
+  delivering.run([keepWatching](Context& context) { return deliver(context, *keepWatching); });
 }
 
 }  // namespace brevant

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <spawn.h>
 #include <sstream>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -34,6 +35,18 @@ std::optional<std::string> onPath(const std::string& name) {
   return std::nullopt;
 }
 
+// A command line as the system takes it.
+struct Words {
+  Words(const std::string& program, const std::vector<std::string>& arguments) : words{program} {
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    for (std::string& word : words) pointers.push_back(word.data());
+    pointers.push_back(nullptr);
+  }
+
+  std::vector<std::string> words;
+  std::vector<char*> pointers{};
+};
+
 }  // namespace
 
 std::string ownPath() {
@@ -56,15 +69,32 @@ std::optional<std::string> desktopProgram() {
   return canRun(beside) ? std::optional(beside) : onPath(kDesktopProgram);
 }
 
+std::string startBeside(const std::string& program, const std::vector<std::string>& arguments) {
+  Words words(program, arguments);
+  // Neither what this process ignores or blocks nor its end is the other's affair.
+  sigset_t none;
+  sigset_t usual;
+  sigemptyset(&none);
+  sigemptyset(&usual);
+  for (const int signal : {SIGCHLD, SIGXFSZ}) sigaddset(&usual, signal);
+  std::signal(SIGCHLD, SIG_IGN);  // nobody asks how it ended
+  posix_spawnattr_t attributes;
+  posix_spawnattr_init(&attributes);
+  posix_spawnattr_setsigmask(&attributes, &none);
+  posix_spawnattr_setsigdefault(&attributes, &usual);
+  posix_spawnattr_setflags(&attributes,
+                           POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSID);
+  pid_t process = 0;
+  const int error =
+      posix_spawn(&process, program.c_str(), nullptr, &attributes, words.pointers.data(), environ);
+  posix_spawnattr_destroy(&attributes);
+  return error == 0 ? "" : program + ": " + std::strerror(error);
+}
+
 std::string become(const std::string& program, const std::vector<std::string>& arguments) {
-  std::vector<std::string> words{program};
-  words.insert(words.end(), arguments.begin(), arguments.end());
-  std::vector<char*> pointers;
-  pointers.reserve(words.size() + 1);
-  for (std::string& word : words) pointers.push_back(word.data());
-  pointers.push_back(nullptr);
+  Words words(program, arguments);
   std::fflush(nullptr);
-  execv(program.c_str(), pointers.data());
+  execv(program.c_str(), words.pointers.data());
   return program + ": " + std::strerror(errno);
 }
 

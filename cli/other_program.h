@@ -20,6 +20,10 @@ std::optional<std::string> sessionProgram();
 // $BREVANT_DESKTOP, else the one beside this program, else the one on PATH.
 std::optional<std::string> desktopProgram();
 
+// Starts `program` beside this one and does not wait for its end. Empty on success, else the
+// reason.
+std::string startBeside(const std::string& program, const std::vector<std::string>& arguments);
+
 // The process becomes `program`. Comes back only when that fails, with the reason.
 std::string become(const std::string& program, const std::vector<std::string>& arguments);
 

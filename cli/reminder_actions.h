@@ -7,8 +7,9 @@ namespace brevant {
 
 class Context;
 
-// The buttons of a reminder: while something runs, "Stop" and "Pause" of the activity that it
-// names.
+// What a reminder offers: a click opens the host; while something runs, "Pause" and "Stop" of the
+// activity that the widget shows, named where several run; "Snooze 10 min". And what keeps the
+// pending ones up to date.
 NotificationActions reminderActions(Context& context);
 
 }  // namespace brevant

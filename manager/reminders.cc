@@ -40,6 +40,10 @@ std::vector<std::string> identifiersOf(const std::vector<NotificationRequest>& r
   return identifiers;
 }
 
+ReminderCompletion heard(ReminderCompletion done) {
+  return done ? std::move(done) : [](const SaveOutcome&) {};
+}
+
 bool isScheduledReminder(const NotificationRequest& request) {
   return request.identifier.find(kIdentifierMark) != std::string::npos;
 }
@@ -68,8 +72,12 @@ std::vector<Date> WidgetManager::notifyHours() const {
   // At the ends of the calendar a day later is no such thing; the walk must end there, too.
   const Date end = std::min(addDayTo(now), now + Seconds(72 * 3600.0));
   std::vector<Date> dates;
-  for (Date candidate = now + step; candidate < end && dates.size() < kMostReminders;
-       candidate += step) {
+  Date before = now;
+  for (double k = 1; dates.size() < kMostReminders; ++k) {
+    const Date candidate = now + k * step;
+    // Far from 1970 a step is less than dates can tell apart.
+    if (candidate >= end || candidate <= before) break;
+    before = candidate;
     const DateComponents local = weekdayTimeComponentsForDate(candidate);
     if (settings.includes(static_cast<std::size_t>(local.hour), weekdayFromMonday(local))) {
       dates.push_back(candidate);
@@ -78,21 +86,34 @@ std::vector<Date> WidgetManager::notifyHours() const {
   return dates;
 }
 
-// The platform may answer on another thread, after this manager is gone: what to add is made here
-// and goes along by value.
-void WidgetManager::scheduleRemindMeNotifications() {
-  if (!notifySettings().enabled) return;
-  std::vector<NotificationRequest> reminders;
-  const NotificationContent content = reminderContent();
-  for (const Date date : notifyHours()) {
-    reminders.push_back({kIdentifierMark + generateGUID(), content,
-                         CalendarTrigger{platform_.calendar.components(date), false, date}});
-  }
-  UserNotificationCenter& center = platform_.notifications;
-  center.pendingRequests([&center, reminders = std::move(reminders)](const auto& pending) {
+void WidgetManager::scheduleRemindMeNotifications(ReminderCompletion done) {
+  if (!notifySettings().enabled) return heard(done)({});
+  const auto replace = [platform = platform_, path = path_,
+                        listener = listener_](const std::vector<NotificationRequest>& pending) {
+    bool failed = false;
+    const auto listen = [&](const StoreEvent& event) {
+      failed = failed || std::holds_alternative<StatementFailure>(event);
+      if (listener) listener(event);
+    };
+    const WidgetManager manager(platform, path, listen);
+    const std::vector<NotificationRequest> reminders = manager.reminders();
+    if (failed) return;  // they would be those of other activities than run
+    UserNotificationCenter& center = platform.notifications;
     center.removePendingRequests(identifiersOf(pending, isScheduledReminder));
     for (const NotificationRequest& each : reminders) center.add(each, [](const auto&) {});
-  });
+  };
+  platform_.notifications.pendingRequests(replace, heard(done));
+}
+
+std::vector<NotificationRequest> WidgetManager::reminders() const {
+  const std::vector<Date> dates = notifyHours();
+  const NotificationContent content = reminderContent();
+  std::vector<NotificationRequest> requests;
+  for (const Date date : dates) {
+    requests.push_back({kIdentifierMark + generateGUID(), content,
+                        CalendarTrigger{platform_.calendar.components(date), false, date}});
+  }
+  return requests;
 }
 
 NotificationContent WidgetManager::reminderContent() const {
@@ -113,11 +134,12 @@ NotificationContent WidgetManager::reminderContent() const {
   return content;
 }
 
-void WidgetManager::cancelRemindMeNotifications() {
+void WidgetManager::cancelRemindMeNotifications(ReminderCompletion done) {
   UserNotificationCenter& center = platform_.notifications;
-  center.pendingRequests([&center](const auto& pending) {
+  const auto remove = [&center](const std::vector<NotificationRequest>& pending) {
     center.removePendingRequests(identifiersOf(pending, isReminderByType));
-  });
+  };
+  center.pendingRequests(remove, heard(done));
 }
 
 DateComponents WidgetManager::weekdayTimeComponentsForDate(Date date) const {

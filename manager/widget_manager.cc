@@ -14,8 +14,10 @@ namespace brevant {
 
 WidgetManager::WidgetManager(const Platform& platform, const std::optional<std::string>& path,
                              StoreListener listener)
-    : dao(std::make_unique<WidgetDAO>(platform, path, std::move(listener))),
+    : dao(std::make_unique<WidgetDAO>(platform, path, listener)),
       platform_(platform),
+      path_(path),
+      listener_(std::move(listener)),
       iconCache_(platform) {}
 
 WidgetManager::~WidgetManager() = default;

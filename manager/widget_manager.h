@@ -18,7 +18,11 @@
 namespace brevant {
 
 struct NotificationContent;
+struct NotificationRequest;
 struct NotifySettings;
+struct SaveOutcome;
+
+using ReminderCompletion = std::function<void(const SaveOutcome&)>;
 
 // The facade through which the widgets, the Live Activity and the intents reach the shared store:
 // queries over activities and categories, the operations on activities, icons and reminders. Keeps
@@ -84,8 +88,13 @@ class WidgetManager {
 
   [[nodiscard]] NotifySettings notifySettings() const;
   std::vector<Date> notifyHours() const;  // at most 20, earliest first
-  void scheduleRemindMeNotifications();
-  void cancelRemindMeNotifications();
+  NotificationContent reminderContent() const;
+
+  // What is pending and what runs is asked when the platform answers, which may be on another
+  // thread and after this manager is gone. When the database cannot be read then, what is pending
+  // stays. `done` hears what became of the pending requests.
+  void scheduleRemindMeNotifications(ReminderCompletion done = {});
+  void cancelRemindMeNotifications(ReminderCompletion done = {});
   [[nodiscard]] DateComponents weekdayTimeComponentsForDate(Date date) const;
   [[nodiscard]] Date addDayTo(Date date) const;
   [[nodiscard]] bool iOS10() const;
@@ -98,10 +107,12 @@ class WidgetManager {
   Closing closeRunningStretch(WidgetActivity& activity, std::uint64_t now);
   void finish(WidgetActivity& activity, std::int32_t state);
 
-  NotificationContent reminderContent() const;
+  [[nodiscard]] std::vector<NotificationRequest> reminders() const;
   [[nodiscard]] ImageRef customIcon(const std::string& name) const;
 
   Platform platform_;
+  std::optional<std::string> path_;
+  StoreListener listener_;
   PINDiskCache iconCache_;
   std::optional<int> heldUpdates_;  // signals to the main application that wait for the lock
 };

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/calendar.h"
+#include "platform/save_outcome.h"
 
 namespace brevant {
 
@@ -43,12 +44,15 @@ struct NotificationRequest {
 class UserNotificationCenter {
  public:
   using Handler = std::function<void(const std::vector<NotificationRequest>&)>;
-  using Completion = std::function<void(const std::string& error)>;
+  using Completion = std::function<void(const SaveOutcome&)>;
 
   virtual ~UserNotificationCenter() = default;
 
-  // In the order they were added; empty when the store cannot be read.
-  virtual void pendingRequests(Handler handler) = 0;
+  // Calls the handler with the requests in the order they were added. All that it removes and adds
+  // is one change, stored when it returns, wholly or not at all. Where others change the requests
+  // meanwhile it is called anew with what is pending then, and what it did before is forgotten. It
+  // is not called when the requests cannot be read. `done` hears what became of it all.
+  virtual void pendingRequests(Handler handler, Completion done) = 0;
 
   virtual void removePendingRequests(const std::vector<std::string>& identifiers) = 0;
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <csignal>
 #include <cstdint>
 #include <cstring>
@@ -11,15 +12,19 @@
 #include <sys/inotify.h>
 #include <sys/signalfd.h>
 #include <sys/timerfd.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
 namespace brevant {
 namespace {
 
-constexpr const char* kZoneFolder = "/etc";
-constexpr std::string_view kZoneFile = "localtime";
-constexpr std::uint32_t kFileChanges = IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_TO;
+constexpr const char* kZone = "/etc/localtime";
+constexpr std::uint32_t kReplaced = IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_TO;
+constexpr std::uint32_t kWritten = IN_MODIFY | IN_MOVED_TO;
+
+// What changes once often changes again in the next moment.
+constexpr std::chrono::milliseconds kUntilQuiet{50};
 
 // For how long to sleep at most where the system does not tell of changes.
 constexpr double kWithoutNews = 10;
@@ -43,11 +48,6 @@ void startTimer(const Descriptor& timer, double seconds) {
   timerfd_settime(timer.number(), 0, &time, nullptr);
 }
 
-void stopTimer(const Descriptor& timer) {
-  const itimerspec never{};
-  timerfd_settime(timer.number(), 0, &never, nullptr);
-}
-
 // A timer in the far future that nobody waits for; the system cancels it when the clock is set.
 void expectClockChange(const Descriptor& clock) {
   itimerspec time{};
@@ -61,8 +61,8 @@ bool isReadable(const pollfd& entry) {
 
 }  // namespace
 
-DeliveryWakeup::DeliveryWakeup(std::string requests)
-    : requests_(std::move(requests)),
+DeliveryWakeup::DeliveryWakeup(std::vector<WatchedFile> files)
+    : files_(std::move(files)),
       changes_(inotify_init1(IN_CLOEXEC | IN_NONBLOCK)),
       timer_(timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC | TFD_NONBLOCK)),
       clock_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)) {
@@ -70,7 +70,7 @@ DeliveryWakeup::DeliveryWakeup(std::string requests)
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
   signals_ = Descriptor(signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
   expectClockChange(clock_);
-  zoneWatch_ = inotify_add_watch(changes_.number(), kZoneFolder, kFileChanges);
+  files_.push_back({kZone, WatchedFile::Written::kAtOnce});
 }
 
 DeliveryWakeup::~DeliveryWakeup() {
@@ -79,14 +79,28 @@ DeliveryWakeup::~DeliveryWakeup() {
 }
 
 void DeliveryWakeup::watch() {
-  const std::string folder = std::filesystem::path(requests_).parent_path();
-  folderWatch_ = inotify_add_watch(changes_.number(), folder.c_str(), kFileChanges);
+  namespace fs = std::filesystem;
+  places_.clear();
+  getsNews_ = static_cast<bool>(changes_);
+  std::error_code error;
+  for (const WatchedFile& file : files_) {
+    const bool isReplaced = file.written == WatchedFile::Written::kAtOnce;
+    fs::path path = file.path;
+    std::uint32_t changes = isReplaced ? kReplaced : kWritten;
+    while (!fs::is_directory(path.parent_path(), error) && path.parent_path() != path) {
+      path = path.parent_path();
+      changes = kReplaced;
+    }
+    const int folder =
+        inotify_add_watch(changes_.number(), path.parent_path().c_str(), kReplaced | kWritten);
+    places_.push_back({folder, path.filename(), changes});
+    getsNews_ = getsNews_ && folder >= 0;
+  }
 }
 
 // Whether any of the changes since the last call matters. Most do not: the locks beside the
 // requests are opened each time, and much else lies where the zone does.
 bool DeliveryWakeup::sawChange() {
-  const std::string name = std::filesystem::path(requests_).filename();
   alignas(inotify_event) std::array<char, 4096> buffer;
   bool matters = false;
   ssize_t size = 0;
@@ -95,23 +109,19 @@ bool DeliveryWakeup::sawChange() {
       inotify_event event;
       std::memcpy(&event, buffer.data() + at, sizeof event);
       const char* const changed = buffer.data() + at + sizeof event;
-      matters = matters || (event.mask & (IN_Q_OVERFLOW | IN_IGNORED)) != 0 ||
-                (event.len > 0 && event.wd == folderWatch_ && changed == name) ||
-                (event.len > 0 && event.wd == zoneWatch_ && changed == kZoneFile);
       at += static_cast<ssize_t>(sizeof event + event.len);
+      matters = matters || (event.mask & (IN_Q_OVERFLOW | IN_IGNORED)) != 0 ||
+                std::any_of(places_.begin(), places_.end(), [&](const Place& each) {
+                  return event.wd == each.folder && (event.mask & each.changes) != 0 &&
+                         event.len > 0 && changed == each.name;
+                });
     }
   }
   return matters;
 }
 
-bool DeliveryWakeup::sleep(std::optional<Seconds> delay, int descriptor) {
-  const bool getsNews = changes_ && folderWatch_ >= 0;
-  if (delay || !getsNews) {
-    const double most = getsNews ? kAtMost : kWithoutNews;
-    startTimer(timer_, std::clamp(delay ? delay->count() : most, kAtLeast, most));
-  } else {
-    stopTimer(timer_);
-  }
+bool DeliveryWakeup::sleep(Seconds delay, int descriptor) {
+  startTimer(timer_, std::clamp(delay.count(), kAtLeast, getsNews_ ? kAtMost : kWithoutNews));
   while (true) {
     std::array<pollfd, 5> waits{{{signals_.number(), POLLIN, 0},
                                  {changes_.number(), POLLIN, 0},
@@ -124,6 +134,10 @@ bool DeliveryWakeup::sleep(std::optional<Seconds> delay, int descriptor) {
     if (isReadable(signals) && read(signals.fd, &received, sizeof received) > 0) return false;
     if (isReadable(clock)) expectClockChange(clock_);
     const bool changed = isReadable(changes) && sawChange();
+    if (changed) {
+      std::this_thread::sleep_for(kUntilQuiet);
+      sawChange();
+    }
     if (changed || isReadable(timer) || isReadable(clock) || isReadable(others)) return true;
   }
 }

@@ -1,40 +1,57 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <optional>
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/date.h"
 #include "platform/linux/descriptor.h"
 
 namespace brevant {
 
-// Everything that a watch over notification requests sleeps on: a timer, a change of the requests,
-// of the clock or of the time zone, a signal to end, and a descriptor of the caller's. While it
-// lives, SIGTERM and SIGINT are blocked in the thread that made it and end its wait instead.
+// A file whose changes matter, there or not yet.
+struct WatchedFile {
+  enum class Written {
+    kAtOnce,   // a whole new one takes its place, or it is written and closed
+    kInPlace,  // by programs that keep it open, and others open and close it only to read
+  };
+
+  std::string path;
+  Written written = Written::kAtOnce;
+};
+
+// Everything that a watch over notification requests sleeps on: a timer, a change of files, of the
+// clock or of the time zone, a signal to end, and a descriptor of the caller's. While it lives,
+// SIGTERM and SIGINT are blocked in the thread that made it and end its wait instead.
 class DeliveryWakeup {
  public:
-  // `requests` is the file to watch for; its folder exists.
-  explicit DeliveryWakeup(std::string requests);
+  explicit DeliveryWakeup(std::vector<WatchedFile> files);
   ~DeliveryWakeup();
   DeliveryWakeup(const DeliveryWakeup&) = delete;
   DeliveryWakeup& operator=(const DeliveryWakeup&) = delete;
 
-  // Looks out for changes from now on, also when the folder was made anew. To be called before the
-  // requests are read.
+  // Looks out for changes from now on, also in folders that were made since. To be called before
+  // the files are read.
   void watch();
 
   // Sleeps until something happened, `delay` is over (time that the machine is asleep included) or
   // `descriptor` is readable (-1: none). False when it is time to end.
-  [[nodiscard]] bool sleep(std::optional<Seconds> delay, int descriptor);
+  [[nodiscard]] bool sleep(Seconds delay, int descriptor);
 
  private:
+  struct Place {
+    int folder;        // as the system tells of it
+    std::string name;  // of the file, or of the folder that is to come where there is none yet
+    std::uint32_t changes;
+  };
+
   bool sawChange();
 
-  const std::string requests_;
+  std::vector<WatchedFile> files_;
+  std::vector<Place> places_;
+  bool getsNews_ = false;
   Descriptor signals_, changes_, timer_, clock_;
-  int folderWatch_ = -1;
-  int zoneWatch_ = -1;
 };
 
 }  // namespace brevant

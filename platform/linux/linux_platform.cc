@@ -49,7 +49,7 @@ struct LinuxPlatform::Services {
         settings(makeSharedSettings(directory, *clock, *log)),
         bundle(makeBundle(options.resources, *images)),
         process(makeProcessInfo(options.systemVersion, options.isiOSAppOnMac)),
-        notifications(makeNotificationStore(directory, *clock, *log)),
+        notifications(makeNotificationStore(directory, *clock)),
         liveActivities(makeLiveActivityRegistry(directory, *clock, *random)),
         cloud(makeCloudDatabase(cloudDirectory(directory), *tasks)) {}
 

@@ -21,12 +21,7 @@ using Requests = std::vector<NotificationRequest>;
 
 constexpr Seconds kTooLate{3600};
 constexpr Seconds kRetry{5};
-
-Requests pendingRequests(UserNotificationCenter& center) {
-  Requests result;
-  center.pendingRequests([&](const auto& requests) { result = requests; });
-  return result;
-}
+constexpr Seconds kForEver = Seconds::max();
 
 // The folder of the notification store, made when it is missing; absent when it cannot be.
 std::optional<std::string> storeFolder(const Platform& platform) {
@@ -44,20 +39,20 @@ class Deliverer {
       : platform_(platform), service_(service), actions_(actions) {}
 
   Delivery deliver() {
-    if (pendingRequests(platform_.notifications).empty()) return Delivery::kDone;
+    if (readPending().empty()) return readProblem_.empty() ? Delivery() : failed(readProblem_);
     const std::optional<std::string> folder = storeFolder(platform_);
-    if (!folder) return Delivery::kFailed;
+    if (!folder) return failed("the container cannot be used");
     const FileLock lock(*folder + "/delivery.lock");
-    if (!lock.held()) return Delivery::kFailed;
-    bool isDropped = dropHandled();
+    if (!lock.held()) return failed(lock.problem());
+    std::string problem = dropHandled();
     // Asks the store anew for each, since one may be cancelled while another is being shown.
     while (const std::optional<NextNotification> next = unhandled()) {
       if (next->due && platform_.clock.now() < *next->due) break;
-      if (!handle(*next)) return Delivery::kNoService;
+      if (!handle(*next)) return {Delivery::State::kNoService};
       handled_.push_back({next->request, platform_.clock.now()});
-      isDropped = dropHandled();
+      problem = dropHandled();
     }
-    return isDropped ? Delivery::kDone : Delivery::kFailed;
+    return problem.empty() ? Delivery() : failed(std::move(problem));
   }
 
   // How long nothing is to be done after a delivery that is done; absent when nothing is pending.
@@ -79,31 +74,41 @@ class Deliverer {
                        [&](const Handled& each) { return each.request == request; });
   }
 
-  Requests handledAndPending() const {
-    Requests requests = pendingRequests(platform_.notifications);
-    std::erase_if(requests, [this](const auto& each) { return !isHandled(each); });
-    return requests;
+  static Delivery failed(std::string why) { return {Delivery::State::kFailed, std::move(why)}; }
+
+  Requests readPending() {
+    Requests result;
+    platform_.notifications.pendingRequests([&](const auto& pending) { result = pending; },
+                                            [this](const auto& read) { readProblem_ = read.why; });
+    return result;
   }
 
-  std::optional<NextNotification> unhandled() const {
-    Requests requests = pendingRequests(platform_.notifications);
+  std::optional<NextNotification> unhandled() {
+    Requests requests = readPending();
     std::erase_if(requests, [this](const auto& each) { return isHandled(each); });
     return nextNotification(requests);
   }
 
-  // Whether nothing is left of what was handled. What cannot be dropped is remembered, or it would
-  // be shown again; so is what seems to be gone, while it could be shown if it came back: a store
-  // that cannot be read for a moment looks empty.
-  bool dropHandled() {
-    std::vector<std::string> identifiers;
-    for (const auto& each : handledAndPending()) identifiers.push_back(each.identifier);
-    platform_.notifications.removePendingRequests(identifiers);
-    const Requests left = handledAndPending();
+  // What cannot be dropped is remembered, or it would be shown again; so is what seems to be gone,
+  // while it could be shown if it came back: the files of a container may be put back.
+  std::string dropHandled() {
+    UserNotificationCenter& center = platform_.notifications;
+    Requests left;
+    const auto drop = [&](const Requests& pending) {
+      left = pending;
+      std::erase_if(left, [this](const auto& each) { return !isHandled(each); });
+      std::vector<std::string> identifiers;
+      for (const auto& each : left) identifiers.push_back(each.identifier);
+      center.removePendingRequests(identifiers);
+    };
+    SaveOutcome dropped;
+    center.pendingRequests(drop, [&](const auto& outcome) { dropped = outcome; });
+    if (!dropped.isSaved()) return dropped.why;
     std::erase_if(handled_, [&](const Handled& each) {
       return platform_.clock.now() - each.at > kTooLate &&
              std::find(left.begin(), left.end(), each.request) == left.end();
     });
-    return left.empty();
+    return "";
   }
 
   // False when nobody is there to show it.
@@ -123,23 +128,24 @@ class Deliverer {
   NotificationService& service_;
   const NotificationActions& actions_;
   std::vector<Handled> handled_;
+  std::string readProblem_;  // why they could not be read last; empty when they could
 };
 
 // Says what keeps reminders from being shown and dropped when that begins, not each time it is
 // found out.
 class Report {
  public:
-  void note(Delivery delivery, Log& log) {
+  void note(const Delivery& delivery, Log& log) {
     if (std::exchange(last_, delivery) == delivery) return;
-    if (delivery == Delivery::kNoService) {
+    if (delivery.state == Delivery::State::kNoService) {
       log.write("No notification service is running; reminders wait for it for an hour");
-    } else if (delivery == Delivery::kFailed) {
-      log.write("The pending reminders cannot be changed; those that were shown stay for now");
+    } else if (delivery.state == Delivery::State::kFailed) {
+      log.write("Reminders cannot be delivered for now: " + delivery.why);
     }
   }
 
  private:
-  Delivery last_ = Delivery::kDone;
+  Delivery last_;
 };
 
 }  // namespace
@@ -153,10 +159,12 @@ bool watchNotifications(const Platform& platform, NotificationService& service,
                         const NotificationActions& actions) {
   const std::optional<std::string> folder = storeFolder(platform);
   if (!folder) return false;
-  DeliveryWakeup wakeup(*folder + "/requests.json");
+  std::vector<WatchedFile> files = actions.files;
+  files.push_back({*folder + "/requests.json", WatchedFile::Written::kAtOnce});
+  DeliveryWakeup wakeup(std::move(files));
   Deliverer deliverer(platform, service, actions);
   Report report;
-  std::optional<Seconds> delay;
+  Seconds delay;
   do {
     wakeup.watch();
     const Delivery delivery = deliverer.deliver();
@@ -164,7 +172,11 @@ bool watchNotifications(const Platform& platform, NotificationService& service,
     service.handlePressed([&](const std::string& operation) {
       if (actions.perform) actions.perform(operation);
     });
-    delay = delivery == Delivery::kDone ? deliverer.delay() : kRetry;
+    delay = kRetry;
+    if (delivery.state == Delivery::State::kDone) {
+      delay = actions.keepScheduled ? actions.keepScheduled() : kForEver;
+      delay = std::min(delay, deliverer.delay().value_or(kForEver));
+    }
   } while (wakeup.sleep(delay, service.descriptor()));
   return true;
 }

@@ -5,23 +5,35 @@
 #include <string>
 #include <vector>
 
+#include "platform/linux/delivery_wakeup.h"
 #include "platform/linux/notification_service.h"
 #include "platform/platform.h"
 
 namespace brevant {
 
-// What a notification offers to do, for a program that stays to hear of it.
+// What a notification offers to do, for a program that stays to hear of it. Each may be missing.
 struct NotificationActions {
   // The buttons of a notification that is about to be shown.
-  std::function<std::vector<NotificationButton>()> buttons;
+  std::function<std::vector<NotificationButton>()> buttons{};
   // One of them was pressed.
-  std::function<void(const std::string& operation)> perform;
+  std::function<void(const std::string& operation)> perform{};
+  // Brings the pending requests up to date; called when nothing is due, at the start and when one
+  // of these files changed. Answers after what time it is to be called again at the latest.
+  std::function<Seconds()> keepScheduled{};
+  std::vector<WatchedFile> files{};
 };
 
-enum class Delivery {
-  kDone,       // nothing that is due is left
-  kNoService,  // something is due, but no notification service is there to show it
-  kFailed,     // the container cannot be used, or what was shown not be dropped
+struct Delivery {
+  enum class State {
+    kDone,       // nothing that is due is left
+    kNoService,  // something is due, but no notification service is there to show it
+    kFailed,     // the container cannot be used, or what was shown not be dropped
+  };
+
+  State state = State::kDone;
+  std::string why{};  // of what failed
+
+  bool operator==(const Delivery&) const = default;
 };
 
 // Shows the pending requests that are due and drops them. Those that are over an hour late are

@@ -16,6 +16,7 @@ constexpr const char* kName = "org.freedesktop.Notifications";
 constexpr const char* kPath = "/org/freedesktop/Notifications";
 constexpr const char* kApplication = "Brevant";
 constexpr const char* kIcon = "brevant";
+constexpr const char* kDesktopEntry = "org.brevant.Desktop";
 constexpr std::int32_t kExpiresAsTheServiceLikes = -1;
 constexpr std::chrono::seconds kTimeout{5};
 
@@ -36,7 +37,7 @@ std::string withoutMarkup(const std::string& text) {
 
 std::map<std::string, sdbus::Variant> hints(const NotificationContent& content) {
   std::map<std::string, sdbus::Variant> result;
-  result.emplace("desktop-entry", sdbus::Variant(std::string(kIcon)));
+  result.emplace("desktop-entry", sdbus::Variant(std::string(kDesktopEntry)));
   if (content.sound.empty())
     result.emplace("suppress-sound", sdbus::Variant(true));
   else

@@ -2,10 +2,8 @@
 #include "platform/linux/notification_store.h"
 
 #include <algorithm>
-#include <mutex>
 #include <nlohmann/json.hpp>
 #include <optional>
-#include <set>
 #include <utility>
 
 #include "platform/linux/durable_file.h"
@@ -20,6 +18,8 @@ using Json = nlohmann::ordered_json;
 using ReadJson = nlohmann::json;  // finds a key among any number of them
 using Requests = std::vector<NotificationRequest>;
 
+// How often others may change the requests while a handler works on them.
+constexpr int kMostAttempts = 100;
 constexpr const char* kTooLarge = "would become larger than 1024 KiB";
 
 // Clamped, so that no number in a file is beyond what a component can hold.
@@ -103,33 +103,48 @@ std::string coded(const Requests& requests) {
   return Json{{"requests", list}}.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
+// What a handler makes of the requests while it runs.
+struct Batch {
+  const void* store;
+  std::optional<std::string> text;  // the file as the handler found it
+  Requests requests;
+  std::vector<UserNotificationCenter::Completion> completions;
+};
+
+// The handler that runs on this thread.
+thread_local Batch* running = nullptr;
+
 class Store : public UserNotificationCenter {
  public:
-  Store(const std::string& container, const Clock& clock, Log& log)
-      : file_(container + "/Notifications", "requests.json", kMaxReminderFileSize),
-        clock_(clock),
-        log_(log) {}
+  Store(const std::string& container, const Clock& clock)
+      : file_(container + "/Notifications", "requests.json", kMaxReminderFileSize), clock_(clock) {}
 
-  void pendingRequests(Handler handler) override {
-    const bool exists = fileExists(file_.path());
-    const std::optional<std::string> text = file_.read();
-    std::optional<Requests> requests = text ? decoded(*text) : Requests();
-    if (exists && !text) tell(file_.whyUnreadable());
-    if (!requests) tell(file_.path() + ": " + problemOf(*text));
-    handler(requests.value_or(Requests()));
+  void pendingRequests(Handler handler, Completion done) override {
+    if (Batch* const batch = runningHandler()) {
+      const Requests pending = batch->requests;
+      handler(pending);
+      return batch->completions.push_back(std::move(done));
+    }
+    done(handled(handler));
   }
 
   void removePendingRequests(const std::vector<std::string>& identifiers) override {
     if (identifiers.empty()) return;
-    change([&](Requests& requests) { remove(requests, identifiers); });
+    if (Batch* const batch = runningHandler()) return remove(batch->requests, identifiers);
+    change([&](const auto&, Requests& requests) { remove(requests, identifiers); });
   }
 
   void add(const NotificationRequest& request, Completion completion) override {
-    completion(change([&](Requests& requests) {
+    const auto addTo = [&](Requests& requests) {
       remove(requests, {request.identifier});
       requests.push_back(request);
       requests.back().added = clock_.now();
-    }));
+    };
+    if (Batch* const batch = runningHandler()) {
+      addTo(batch->requests);
+      return batch->completions.push_back(std::move(completion));
+    }
+    completion(change([&](const auto&, Requests& requests) { addTo(requests); }));
   }
 
  private:
@@ -140,46 +155,66 @@ class Store : public UserNotificationCenter {
     });
   }
 
+  Batch* runningHandler() const {
+    return running != nullptr && running->store == this ? running : nullptr;
+  }
+
+  // No lock is held while the handler asks what it needs to know: it is called again instead.
+  SaveOutcome handled(const Handler& handler) {
+    for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+      Batch batch{this, file_.read(), {}, {}};
+      if (!batch.text && fileExists(file_.path())) return notSaved(file_.whyUnreadable());
+      if (batch.text) {
+        std::optional<Requests> requests = decoded(*batch.text);
+        if (!requests) return notSaved(file_.path() + ": " + problemOf(*batch.text));
+        batch.requests = std::move(*requests);
+      }
+      const Requests pending = batch.requests;
+      Batch* const outer = std::exchange(running, &batch);
+      handler(pending);
+      running = outer;
+      const std::optional<SaveOutcome> outcome =
+          batch.requests == pending ? SaveOutcome() : stored(batch);
+      if (!outcome) continue;
+      for (const Completion& each : batch.completions) each(*outcome);
+      return *outcome;
+    }
+    return notSaved(file_.path() + ": others keep changing it");
+  }
+
+  // Absent when the requests are others by now.
+  std::optional<SaveOutcome> stored(const Batch& batch) {
+    bool isOutdated = false;
+    SaveOutcome outcome = change([&](const std::optional<std::string>& text, Requests& requests) {
+      isOutdated = text != batch.text;
+      if (!isOutdated) requests = batch.requests;
+    });
+    return isOutdated ? std::nullopt : std::optional(std::move(outcome));
+  }
+
   template <typename Edit>
-  std::string change(const Edit& edit) {
-    SaveOutcome outcome =
-        file_.change([&](const std::optional<std::string>& text) -> SharedDocument::Edit {
-          std::optional<Requests> requests = text ? decoded(*text) : Requests();
-          if (!requests) return {std::nullopt, problemOf(*text)};
-          const Requests before = *requests;
-          edit(*requests);
-          if (*requests == before) return {};
-          std::string changed = coded(*requests);
-          if (changed.size() > kMaxReminderFileSize) return {std::nullopt, kTooLarge};
-          return {std::move(changed), ""};
-        });
-    outcome.why.empty() ? forget() : tell(outcome.why);
-    return outcome.isSaved() ? "" : outcome.why;
-  }
-
-  // Twenty reminders that cannot be added are one story.
-  void tell(const std::string& problem) {
-    const std::lock_guard lock(mutex_);
-    if (told_.insert(problem).second) log_.write(problem);
-  }
-
-  void forget() {
-    const std::lock_guard lock(mutex_);
-    told_.clear();
+  SaveOutcome change(const Edit& edit) {
+    return file_.change([&](const std::optional<std::string>& text) -> SharedDocument::Edit {
+      std::optional<Requests> requests = text ? decoded(*text) : Requests();
+      if (!requests) return {std::nullopt, problemOf(*text)};
+      const Requests before = *requests;
+      edit(text, *requests);
+      if (*requests == before) return {};
+      std::string changed = coded(*requests);
+      if (changed.size() > kMaxReminderFileSize) return {std::nullopt, kTooLarge};
+      return {std::move(changed), ""};
+    });
   }
 
   const SharedDocument file_;
   const Clock& clock_;
-  Log& log_;
-  std::mutex mutex_;
-  std::set<std::string> told_;
 };
 
 }  // namespace
 
 std::unique_ptr<UserNotificationCenter> makeNotificationStore(const std::string& container,
-                                                              const Clock& clock, Log& log) {
-  return std::make_unique<Store>(container, clock, log);
+                                                              const Clock& clock) {
+  return std::make_unique<Store>(container, clock);
 }
 
 }  // namespace brevant

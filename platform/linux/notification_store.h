@@ -5,15 +5,13 @@
 #include <string>
 
 #include "platform/clock.h"
-#include "platform/log.h"
 #include "platform/notifications.h"
 
 namespace brevant {
 
 // The pending requests in the container: docs/notifications.md. Handlers and completions run on the
-// caller's thread. A file that is broken or cannot be read reads as empty and is never overwritten.
-// What goes wrong is logged with the file's name, once until a change succeeds.
+// caller's thread. A file that is broken or cannot be read is never overwritten.
 std::unique_ptr<UserNotificationCenter> makeNotificationStore(const std::string& container,
-                                                              const Clock& clock, Log& log);
+                                                              const Clock& clock);
 
 }  // namespace brevant

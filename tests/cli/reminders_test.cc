@@ -70,16 +70,27 @@ TEST_F(Reminders, SayInOneLineWhatIsWrongWithTheirFile) {
     EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
   };
   write(file, "{");
-  for (const char* command : {"schedule", "cancel", "deliver"}) expectTold(command, 1);
-  expectTold("pending", 0);
+  for (const char* command : {"schedule", "cancel", "deliver", "pending"}) expectTold(command, 1);
 
-  // There is room for the first of the two.
+  // There is room for the first of the two, and so for none.
   write(file, R"({"requests":[]})");
   addCategory("C", "");
   database.run("UPDATE categories SET name = hex(zeroblob(300000))");
   addActivity("A", "C", 1, "1699999000");
   expectTold("schedule", 1);
-  EXPECT_EQ(ask({"reminders", "pending"}).size(), 1U);
+  EXPECT_EQ(ask({"reminders", "pending"}), Json::array());
+}
+
+TEST_F(Reminders, MakeNoContainerForWhoeverMistypesIt) {
+  for (const std::vector<std::string>& command : std::vector<std::vector<std::string>>{
+           {"schedule"}, {"cancel"}, {"deliver"}, {"deliver", "--watch"}}) {
+    std::vector<std::string> words{"--container", path("mistyped"), "reminders"};
+    words.insert(words.end(), command.begin(), command.end());
+    const Outcome outcome = run(words);
+    EXPECT_EQ(outcome.exitCode, 1) << command[0];
+    EXPECT_NE(outcome.err.find("no container"), std::string::npos) << outcome.err;
+    EXPECT_FALSE(std::filesystem::exists(path("mistyped")));
+  }
 }
 
 TEST_F(Reminders, StayPendingWithoutAService) {
@@ -94,14 +105,16 @@ TEST_F(Reminders, StayPendingWithoutAService) {
   EXPECT_EQ(ask({"reminders", "pending"}).size(), 2U);
 }
 
-TEST_F(Reminders, AreShownWithButtonsThatChangeTheActivity) {
+TEST_F(Reminders, AreShownWithButtonsAndKeptUpToDateByTheWatch) {
   ChildProgram bus({"dbus-daemon", "--session", "--nofork", "--print-address=1"});
   const std::string address = bus.readLine();
   environment["DBUS_SESSION_BUS_ADDRESS"] = address;
   setenv("DBUS_SESSION_BUS_ADDRESS", address.c_str(), 1);
   NotificationDaemon daemon({"actions", "body"});
   addCategory("C", "Code");
-  addActivity("A", "C", 1, "1699999000");
+  addCategory("R", "Read");
+  addActivity("A", "R", 1, "1699998000");
+  addActivity("B", "C", 1, "1699999000");
   ask({"reminders", "schedule"});
 
   now = kFirstDue;
@@ -109,15 +122,39 @@ TEST_F(Reminders, AreShownWithButtonsThatChangeTheActivity) {
   const std::vector<std::string> shown = daemon.waitUntilShown();
   ASSERT_GE(shown.size(), 6U);
   EXPECT_EQ(shown[1], "What are you doing now? Now running: Code");
-  EXPECT_EQ((std::vector(shown.begin() + 2, shown.begin() + 6)),
-            (std::vector<std::string>{"stop A", "Stop", "pause A", "Pause"}));
+  EXPECT_EQ((std::vector(shown.begin() + 2, shown.begin() + 10)),
+            (std::vector<std::string>{"default", "Open", "pause A", "Pause Read", "stop A",
+                                      "Stop Read", "snooze", "Snooze 10 min"}));
   // Until the program knows which notification it is that was shown, it hears of no press.
-  for (int i = 0; i < 300 && stateOf("A") == "1\n"; ++i) {
-    daemon.press(7, "pause A");
-    usleep(100'000);
-  }
-  EXPECT_EQ(stateOf("A"), "2\n");
-  EXPECT_EQ(ask({"reminders", "pending"}).size(), 1U);
+  const auto pressUntil = [&](const char* button, const auto& isDone) {
+    for (int i = 0; i < 300 && !isDone(); ++i) {
+      daemon.press(7, button);
+      usleep(100'000);
+    }
+    EXPECT_TRUE(isDone());
+  };
+  pressUntil("pause A", [&] { return stateOf("A") == "2\n"; });
+  const auto pending = [&] { return ask({"reminders", "pending"}); };
+  pressUntil("snooze", [&] { return pending().back()["trigger"]["minute"] == 23; });
+
+  // What runs, then what is wanted, is another: so are the reminders, without a word from us.
+  const auto waitFor = [&](const auto& isThere) {
+    for (int i = 0; i < 300 && !isThere(); ++i) usleep(20'000);
+    EXPECT_TRUE(isThere());
+  };
+  const auto hasBody = [&](const std::string& body) {
+    return [&pending, body] {
+      const Json all = pending();
+      return std::any_of(all.begin(), all.end(),
+                         [&](const Json& each) { return each["body"] == body; });
+    };
+  };
+  database.run("UPDATE logs SET state = 0");
+  waitFor(hasBody("What are you doing now?"));
+  writeSettings(
+      "<key>notifyEnabled</key><true/><key>notifyMinutes</key><integer>61</integer>"
+      "<key>notifyIncludedHours</key><array><integer>2</integer></array>");
+  waitFor([&] { return pending().back()["trigger"]["hour"] == 1; });
   watch.send(SIGTERM);
   EXPECT_EQ(watch.wait().exitCode, 0);
   unsetenv("DBUS_SESSION_BUS_ADDRESS");

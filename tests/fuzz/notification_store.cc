@@ -13,10 +13,6 @@
 
 namespace {
 
-struct Silence : brevant::Log {
-  void write(std::string_view) override {}
-};
-
 struct StandingClock : brevant::Clock {
   brevant::Date now() const override { return {}; }
   double monotonicSeconds() const override { return 0; }
@@ -33,7 +29,8 @@ struct Container {
 
 std::size_t pendingCount(brevant::UserNotificationCenter& center) {
   std::size_t count = 0;
-  center.pendingRequests([&](const auto& requests) { count = requests.size(); });
+  center.pendingRequests([&](const auto& requests) { count = requests.size(); },
+                         [](const auto&) {});
   return count;
 }
 
@@ -41,15 +38,15 @@ std::size_t pendingCount(brevant::UserNotificationCenter& center) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const Container container;
-  static Silence log;
   static const StandingClock clock;
   std::ofstream(container.path / "Notifications/requests.json", std::ios::binary)
       .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
 
-  const auto center = brevant::makeNotificationStore(container.path, clock, log);
+  const auto center = brevant::makeNotificationStore(container.path, clock);
   const std::size_t before = pendingCount(*center);
   std::string error;
-  center->add({"remind-fuzz", {}, {}}, [&](const std::string& problem) { error = problem; });
+  center->add({"remind-fuzz", {}, {}},
+              [&](const brevant::SaveOutcome& outcome) { error = outcome.why; });
   if (error.empty() && pendingCount(*center) < before) std::abort();
   return 0;
 }

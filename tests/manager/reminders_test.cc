@@ -109,7 +109,7 @@ TEST(ReminderTimes, TheWalkEndsWhateverIsStored) {
   }
   const TimeZone zone("UTC");
   const std::unique_ptr<Calendar> calendar = makeCalendar();
-  for (const double now : {-1e300, -1e15, 1e15, 1e300}) {  // beyond the calendar's ends
+  for (const double now : {-1e300, -1e19, -1e15, 1e15, 1e300}) {  // beyond the calendar's ends
     FakePlatform fakes;
     fakes.clock.time = dateFromSeconds(now);
     fakes.settings.values["notifySettings"] = settings(1, table({24, 24}));
@@ -202,23 +202,41 @@ TEST_F(Reminders, NameTheCategoryOfTheFirstRunningActivity) {
 
 // Answers when the test says so, as a platform may on another thread.
 struct LateCenter : FakeNotificationCenter {
-  void pendingRequests(Handler handler) override { handlers.push_back(std::move(handler)); }
+  void pendingRequests(Handler handler, Completion) override {
+    handlers.push_back(std::move(handler));
+  }
 
   std::vector<Handler> handlers;
 };
 
-TEST_F(Reminders, AnAnswerMayComeAfterTheManagerIsGone) {
+TEST_F(Reminders, AskWhatRunsWhenThePlatformAnswersThoughTheManagerIsGone) {
+  fakes.bundle.texts["What are you doing now? Now running: %@"] = "Running";
   LateCenter late;
   {
     WidgetManager shortLived(replaced(fakes.platform(), {.notifications = &late}), database.path);
     shortLived.scheduleRemindMeNotifications();
     shortLived.cancelRemindMeNotifications();
   }
+  database.run("INSERT INTO logs (guid, state, start_date) VALUES ('A', 1, 100)");
   late.pending = {request("remind-old", "")};
   late.handlers.at(0)(late.pending);
-  EXPECT_THAT(late.pending, SizeIs(2));
+  ASSERT_THAT(late.pending, SizeIs(2));
+  EXPECT_EQ(late.pending[0].content.body, "Running");
   late.handlers.at(1)(std::vector<NotificationRequest>(late.pending));
   EXPECT_THAT(late.pending, IsEmpty());
+}
+
+TEST_F(Reminders, StayWhenWhatRunsCannotBeRead) {
+  for (const char* const table : {"time_intervals", "categories", "logs"}) {
+    database.run(
+        "INSERT OR REPLACE INTO logs (guid, state, start_date, category_guid) VALUES ('A', 1, 100, "
+        "'C')");
+    database.run("ALTER TABLE " + std::string(table) + " RENAME TO hidden");
+    manager.scheduleRemindMeNotifications();
+    EXPECT_THAT(fakes.notifications.pending, SizeIs(4)) << table;
+    EXPECT_EQ(fakes.notifications.pending.at(0).identifier, "remind-old");
+    database.run("ALTER TABLE hidden RENAME TO " + std::string(table));
+  }
 }
 
 TEST(ReminderPlatform, IsOlderThan10ByTheFirstDigitOfItsVersion) {

@@ -26,6 +26,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using State = Delivery::State;
 
 // Remembers what it showed; may be used by another thread than the test's.
 class FakeService : public NotificationService {
@@ -74,7 +75,7 @@ class NotificationDeliveryTest : public testing::Test {
   // Due that many seconds after `from` by the local time of the zone.
   void add(const std::string& title, double seconds, UserNotificationCenter& center, Date from) {
     const DateComponents at = makeCalendar()->components(from + Seconds(seconds));
-    center.add({title, {title, "", {}, ""}, {at, false}}, [](const std::string&) {});
+    center.add({title, {title, "", {}, ""}, {at, false}}, [](const auto&) {});
   }
   void add(const std::string& title, double seconds) {
     add(title, seconds, fakes.notifications, fakes.clock.time);
@@ -97,7 +98,7 @@ TEST_F(NotificationDeliveryTest, ShowsWhatIsDueInItsOrderAndDropsIt) {
   add("second", 0);
   add("first", -3600);
   add("too late", -3601);
-  EXPECT_EQ(deliver(), Delivery::kDone);
+  EXPECT_EQ(deliver().state, State::kDone);
   EXPECT_THAT(service.shown(), ElementsAre("first", "second"));
   EXPECT_THAT(pending(), ElementsAre("later"));
   EXPECT_THAT(fakes.log.lines, ElementsAre(HasSubstr("too late")));
@@ -106,10 +107,10 @@ TEST_F(NotificationDeliveryTest, ShowsWhatIsDueInItsOrderAndDropsIt) {
 TEST_F(NotificationDeliveryTest, FollowsTheZoneOfTheMoment) {
   add("at noon", 600);
   const test::TimeZone moved("Asia/Karachi");  // half an hour behind
-  EXPECT_EQ(deliver(), Delivery::kDone);
+  EXPECT_EQ(deliver().state, State::kDone);
   EXPECT_THAT(service.shown(), IsEmpty());
   const test::TimeZone back("Asia/Yangon");  // an hour ahead
-  EXPECT_EQ(deliver(), Delivery::kDone);
+  EXPECT_EQ(deliver().state, State::kDone);
   EXPECT_THAT(service.shown(), ElementsAre("at noon"));
 }
 
@@ -158,12 +159,12 @@ TEST_F(NotificationDeliveryTest, ShowsNothingForAnInstantBeforeItWasAdded) {
 TEST_F(NotificationDeliveryTest, WaitsAnHourForTheService) {
   add("a", 0);
   service.goAway(true);
-  EXPECT_EQ(deliver(), Delivery::kNoService);
+  EXPECT_EQ(deliver().state, State::kNoService);
   fakes.clock.time += Seconds(3600);
-  EXPECT_EQ(deliver(), Delivery::kNoService);
+  EXPECT_EQ(deliver().state, State::kNoService);
   EXPECT_THAT(pending(), ElementsAre("a"));
   fakes.clock.time += Seconds(1);
-  EXPECT_EQ(deliver(), Delivery::kDone);
+  EXPECT_EQ(deliver().state, State::kDone);
   EXPECT_THAT(pending(), IsEmpty());
 }
 
@@ -171,26 +172,24 @@ TEST_F(NotificationDeliveryTest, HasButtonsWhenSomebodyHearsThem) {
   add("a", 0);
   add("b", 0);
   bool runs = true;
-  const NotificationActions actions{
-      [&] {
-        return std::exchange(runs, false)
-                   ? std::vector<NotificationButton>{{"stop", "Stop"}, {"pause", "Pause"}}
-                   : std::vector<NotificationButton>();
-      },
-      {}};
-  EXPECT_EQ(deliverDueNotifications(fakes.platform(), service, actions), Delivery::kDone);
+  const NotificationActions actions{[&] {
+    return std::exchange(runs, false)
+               ? std::vector<NotificationButton>{{"stop", "Stop"}, {"pause", "Pause"}}
+               : std::vector<NotificationButton>();
+  }};
+  EXPECT_EQ(deliverDueNotifications(fakes.platform(), service, actions), Delivery());
   EXPECT_THAT(service.shown(), ElementsAre("a+stop", "b"));
 }
 
 TEST_F(NotificationDeliveryTest, FailsWithoutAContainerForWhatIsPending) {
   fakes.files.container = folder.path / "new";
-  EXPECT_EQ(deliver(), Delivery::kDone);
+  EXPECT_EQ(deliver().state, State::kDone);
   EXPECT_TRUE(std::filesystem::is_empty(folder.path));
   add("a", 0);
   fakes.files.container.reset();
-  EXPECT_EQ(deliver(), Delivery::kFailed);
+  EXPECT_EQ(deliver().state, State::kFailed);
   fakes.files.container = folder.write("file", "");
-  EXPECT_EQ(deliver(), Delivery::kFailed);
+  EXPECT_EQ(deliver().state, State::kFailed);
   EXPECT_FALSE(watchNotifications(fakes.platform(), service, {}));
 }
 
@@ -203,11 +202,16 @@ class NotificationWatchTest : public NotificationDeliveryTest {
             fakes.cloud,  *center,           fakes.liveActivities, fakes.tasks,    fakes.log};
   }
 
-  test::FakeLog log;
   const std::unique_ptr<Clock> clock = makeClock(std::nullopt);
+  std::vector<NotificationRequest> left() {
+    std::vector<NotificationRequest> result;
+    center->pendingRequests([&](const auto& pending) { result = pending; }, [](const auto&) {});
+    return result;
+  }
+
   // What is added was added long ago.
   const std::unique_ptr<UserNotificationCenter> center =
-      makeNotificationStore(folder.path, fakes.clock, log);
+      makeNotificationStore(folder.path, fakes.clock);
 };
 
 TEST_F(NotificationWatchTest, ShowsNewRequestsInTimeAndEndsOnSignals) {
@@ -217,7 +221,8 @@ TEST_F(NotificationWatchTest, ShowsNewRequestsInTimeAndEndsOnSignals) {
     std::atomic<bool> ended = false;
     add("overdue", -60, *center, clock->now());
     std::thread watch([&] {
-      ended = watchNotifications(platform(), service, {{}, [&](const std::string&) { ++pressed; }});
+      ended = watchNotifications(platform(), service,
+                                 {.perform = [&](const std::string&) { ++pressed; }});
     });
     service.waitFor(++count);
     add("due", 0, *center, clock->now());
@@ -231,18 +236,24 @@ TEST_F(NotificationWatchTest, ShowsNewRequestsInTimeAndEndsOnSignals) {
     EXPECT_TRUE(ended);
   }
   EXPECT_THAT(service.shown(), ElementsAre("overdue", "due", "soon", "overdue", "due", "soon"));
-  center->pendingRequests([](const auto& requests) { EXPECT_THAT(requests, IsEmpty()); });
+  EXPECT_THAT(left(), IsEmpty());
 }
 
 // A store that cannot be written for a while.
 struct FullCenter : test::FakeNotificationCenter {
   void removePendingRequests(const std::vector<std::string>& identifiers) override {
-    if (identifiers.empty() || --failures < 0) center->removePendingRequests(identifiers);
+    isFull = !identifiers.empty() && --failures >= 0;
+    if (!isFull) center->removePendingRequests(identifiers);
   }
-  void pendingRequests(Handler handler) override { center->pendingRequests(std::move(handler)); }
+  void pendingRequests(Handler handler, Completion done) override {
+    isFull = false;
+    const auto tell = [&](const auto& outcome) { done(isFull ? notSaved("full") : outcome); };
+    center->pendingRequests(std::move(handler), tell);
+  }
 
   UserNotificationCenter* center = nullptr;
   std::atomic<int> failures = 2;
+  bool isFull = false;
 };
 
 TEST_F(NotificationWatchTest, ShowsOnceWhatCannotBeDroppedAtOnce) {
@@ -257,13 +268,11 @@ TEST_F(NotificationWatchTest, ShowsOnceWhatCannotBeDroppedAtOnce) {
   while (full.failures > 1) std::this_thread::yield();
   add("b", -60, *center, clock->now());
   service.waitFor(2);
-  for (bool isEmpty = false; !isEmpty; std::this_thread::yield()) {
-    center->pendingRequests([&](const auto& requests) { isEmpty = requests.empty(); });
-  }
+  while (!left().empty()) std::this_thread::yield();
   pthread_kill(watch.native_handle(), SIGTERM);
   watch.join();
   EXPECT_THAT(service.shown(), ElementsAre("a", "b"));
-  EXPECT_THAT(fakes.log.lines, ElementsAre(HasSubstr("cannot be changed")));
+  EXPECT_THAT(fakes.log.lines, ElementsAre(HasSubstr("full")));
 }
 
 // Notes what it shows at the end of a file that processes share.
@@ -280,7 +289,8 @@ TEST_F(NotificationWatchTest, ShowsNothingTwiceBetweenTwoProcesses) {
   EXPECT_TRUE(test::runTogether(2, [this](int) {
     NotingService noting;
     noting.file = folder.path / "shown";
-    if (deliverDueNotifications(platform(), noting) != Delivery::kDone) _exit(1);
+    while (deliverDueNotifications(platform(), noting).state == State::kFailed) {
+    }
   }));
   std::istringstream lines(folder.read("shown"));
   const std::vector<std::string> shown{std::istream_iterator<std::string>(lines), {}};

@@ -132,9 +132,10 @@ void FakeCloud::save(const std::string& container, const CloudRecord& record,
   completion(error);
 }
 
-void FakeNotificationCenter::pendingRequests(Handler handler) {
+void FakeNotificationCenter::pendingRequests(Handler handler, Completion done) {
   const std::vector<NotificationRequest> snapshot = pending;
   handler(snapshot);
+  done({});
 }
 
 void FakeNotificationCenter::removePendingRequests(const std::vector<std::string>& identifiers) {
@@ -147,7 +148,7 @@ void FakeNotificationCenter::removePendingRequests(const std::vector<std::string
 void FakeNotificationCenter::add(const NotificationRequest& request, Completion completion) {
   removePendingRequests({request.identifier});
   pending.push_back(request);
-  completion("");
+  completion({});
 }
 
 LiveActivityList FakeLiveActivities::activities() const {

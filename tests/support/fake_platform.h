@@ -144,7 +144,7 @@ struct FakeCloud : CloudDatabase {
 };
 
 struct FakeNotificationCenter : UserNotificationCenter {
-  void pendingRequests(Handler handler) override;
+  void pendingRequests(Handler handler, Completion done) override;
   void removePendingRequests(const std::vector<std::string>& identifiers) override;
   void add(const NotificationRequest& request, Completion completion) override;
 
