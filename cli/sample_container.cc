@@ -6,8 +6,10 @@
 #include "cli/context.h"
 #include "cli/database_place.h"
 #include "cli/files.h"
+#include "cli/new_files.h"
 #include "platform/bundle.h"
 #include "platform/image_codec.h"
+#include "platform/linux/durable_file.h"
 #include "platform/linux/shared_settings.h"
 #include "platform/uuid.h"
 #include "store/sample_database.h"
@@ -76,29 +78,39 @@ std::string writeCustomIcon(Context& context, const fs::path& folder, const std:
 std::optional<std::string> makeSampleContainer(Context& context, const std::string& directory) {
   const fs::path container = directory;
   const fs::path database = container / kDatabaseFile;
-  const fs::path settings = settingsPath(directory);
+  for (const char* const suffix : {"", "-journal", "-wal"}) {
+    const std::string path = database.string() + suffix;
+    if (fileExists(path)) return path + " is there already";
+  }
   const fs::path images = container / "custom_images";
-  std::error_code error;
-  if (fs::exists(fs::symlink_status(database, error))) {
-    return database.string() + " is there already";
+  const fs::path settings = settingsPath(directory);
+  NewFiles made;
+  for (const fs::path& folder : {container, images, settings.parent_path()}) {
+    if (std::string trouble = made.makeFolder(folder); !trouble.empty()) return trouble;
   }
-  for (const fs::path& folder : {container, settings.parent_path(), images}) {
-    fs::create_directories(folder, error);
-    if (error) return folder.string() + ": " + error.message();
+  const NewFiles::Workshop workshop = made.makeWorkshop(container);
+  if (!workshop.trouble.empty()) return workshop.trouble;
+  const fs::path built = workshop.folder / kDatabaseFile;
+  const std::string icon = newUuid(context.platform.random);
+  if (!createSampleDatabase(context.platform, built, icon, context.store.listener())) {
+    return database.string() + ": " + context.store.failure().value_or("it could not be written");
   }
-  if (!fs::exists(settings, error)) {
-    if (std::string trouble = writeFile(settings, bytesOf(kSettings)); !trouble.empty()) {
-      return trouble;
-    }
-  }
-  const std::string customIcon = newUuid(context.platform.random);
-  if (std::string trouble = writeCustomIcon(context, images, customIcon); !trouble.empty()) {
+  if (auto trouble = writeCustomIcon(context, workshop.folder, icon); !trouble.empty()) {
     return trouble;
   }
-  if (createSampleDatabase(context.platform, database, customIcon, context.store.listener()))
-    return std::nullopt;
-  fs::remove(database, error);  // half of one would stand in the way of the next try
-  return database.string() + ": " + context.store.failure().value_or("it could not be written");
+  if (auto trouble = writeFile(workshop.folder / "settings", bytesOf(kSettings));
+      !trouble.empty()) {
+    return trouble;
+  }
+  // The icon first, for the widget needs it; who puts the database there owns the rest.
+  const std::string iconFile = icon + ".png";
+  for (const auto& [from, to] :
+       {std::pair(workshop.folder / iconFile, images / iconFile), std::pair(built, database)}) {
+    if (std::string trouble = made.moveIn(from, to); !trouble.empty()) return trouble;
+  }
+  made.keep();
+  const std::string trouble = made.moveIn(workshop.folder / "settings", settings);
+  return trouble.empty() || fileExists(settings) ? std::nullopt : std::optional(trouble);
 }
 
 }  // namespace brevant

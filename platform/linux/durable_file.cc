@@ -91,11 +91,12 @@ Swap swapIn(const std::string& path, const std::string& temporary,
             const std::optional<std::string>& expected, std::string_view contents) {
   if (!holds(path, expected)) return Swap::kOtherContents;
   if (!expected) {
-    const int made =
-        renameat2(AT_FDCWD, temporary.c_str(), AT_FDCWD, path.c_str(), RENAME_NOREPLACE);
-    if (made == 0) return Swap::kDone;
-    if (errno == EEXIST) return Swap::kOtherContents;
-  } else if (exchange(temporary, path)) {
+    const std::error_code error = moveWithoutReplacing(temporary, path);
+    errno = error.value();
+    if (!error) return Swap::kDone;
+    return errno == EEXIST ? Swap::kOtherContents : Swap::kFailed;
+  }
+  if (exchange(temporary, path)) {
     if (!holds(temporary, expected)) return putBack(path, temporary, contents);
     unlink(temporary.c_str());
     return Swap::kDone;
@@ -182,6 +183,16 @@ SaveOutcome makeFile(const std::string& path, std::string_view contents) {
     return flushed(path);
   }
   return notSaved(problem(path));
+}
+
+std::error_code moveWithoutReplacing(const std::string& from, const std::string& to) {
+  constexpr int kHere = AT_FDCWD;
+  bool moved = renameat2(kHere, from.c_str(), kHere, to.c_str(), RENAME_NOREPLACE) == 0;
+  if (!moved && (errno == EINVAL || errno == ENOSYS)) {  // not every file system can do that
+    moved = link(from.c_str(), to.c_str()) == 0;
+    if (moved) unlink(from.c_str());
+  }
+  return moved ? std::error_code() : std::error_code(errno, std::generic_category());
 }
 
 std::string makeDirectories(const std::string& path) {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "platform/save_outcome.h"
 
@@ -34,6 +35,10 @@ std::string linkTarget(const std::string& path);
 // Makes a file that is there at once and whole, or not at all, and leaves nothing else behind even
 // when killed. Not saved when something is there already.
 [[nodiscard]] SaveOutcome makeFile(const std::string& path, std::string_view contents);
+
+// Moves a file to a place of the same file system where nothing is (std::errc::file_exists: there is
+// something).
+[[nodiscard]] std::error_code moveWithoutReplacing(const std::string& from, const std::string& to);
 
 // Makes the directory and those above it, for the user alone and on the disk once this returns.
 // Empty on success.
