@@ -6,6 +6,7 @@
 
 #include "cli/context.h"
 #include "cli/database_place.h"
+#include "cli/doctor_places.h"
 #include "manager/widget_manager.h"
 #include "platform/bundle.h"
 #include "platform/container_path.h"
@@ -76,6 +77,14 @@ Finding checkDatabase(const Context& context) {
   if (access(path.c_str(), W_OK) != 0) {
     return {"database", State::kProblem, "it can be read but not written",
             "give yourself the permission to write it"};
+  }
+  if (!report.slow.empty()) {
+    std::string statements;
+    for (const std::string& each : report.slow) statements += each + "; ";
+    return {"database", State::kWarning,
+            "sound, but without an index each answer reads a whole table (with 130,000 activities "
+            "52 ms rather than 1.9 ms)",
+            "make it with sqlite3 " + path + ": " + statements};
   }
   return {"database", State::kGood, "sound, journal mode " + report.journalMode, ""};
 }
@@ -155,8 +164,10 @@ std::string stateName(State state) {
 }
 
 std::vector<Finding> examine(Context& context) {
-  return {checkContainer(context), checkDatabase(context),  checkSettings(context),
-          checkIcons(context),     checkResources(context), checkNotifications(context)};
+  return {checkContainer(context), checkPlace(context),        checkDatabase(context),
+          checkSettings(context),  checkLocks(context),        checkLiveActivities(context),
+          checkReminders(context), checkIcons(context),        checkIconCache(context),
+          checkResources(context), checkNotifications(context)};
 }
 
 }  // namespace brevant

@@ -6,6 +6,8 @@
 #include <sqlite3.h>
 #include <string_view>
 
+#include "store/limits.h"
+
 namespace brevant {
 namespace {
 
@@ -59,15 +61,52 @@ std::vector<std::string> missingParts(sqlite3* connection, const Table& table) {
   return missing;
 }
 
+// What the extension asks, and the index without which each answer reads a whole table.
+struct Query {
+  const char* sql;
+  const char* index;
+};
+constexpr Query kQueries[] = {
+    {"SELECT guid, name, color, image_guid, order_num, sync_status, parent_guid, is_group, "
+     "is_archived FROM categories WHERE is_deleted = 0 AND is_archived = 0 ORDER BY order_num",
+     nullptr},
+    {"SELECT guid, start_date, state, comment, category_guid FROM logs "
+     "WHERE (state = 1 OR state = 2) AND is_deleted = 0",
+     "CREATE INDEX logs_state ON logs (state, is_deleted)"},
+    {"SELECT guid, start, finish, start_m, finish_m FROM time_intervals "
+     "WHERE is_deleted=0 AND log_guid = ''",
+     "CREATE INDEX time_intervals_log ON time_intervals (log_guid)"},
+};
+
+bool readsAll(sqlite3* connection, const std::string& sql) {
+  bool scans = false;
+  const auto look = [](void* result, int count, char** values, char**) {
+    const std::string_view step = values[count - 1] == nullptr ? "" : values[count - 1];
+    if (step.starts_with("SCAN")) *static_cast<bool*>(result) = true;
+    return 0;
+  };
+  sqlite3_exec(connection, ("EXPLAIN QUERY PLAN " + sql).c_str(), look, &scans, nullptr);
+  return scans;
+}
+
+// A view without end is to end all the same. Counted, as the clock is not ours to read: some
+// seconds of work.
+int stop(void* looks) {
+  constexpr int kMost = 50'000;
+  return ++*static_cast<int*>(looks) > kMost ? 1 : 0;
+}
+
 }  // namespace
 
 DatabaseReport checkDatabase(const std::string& path) {
   constexpr int kWait = 2000;  // milliseconds, for whoever has the file locked
   DatabaseReport report;
   sqlite3* handle = nullptr;
-  const int opened = sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READONLY, nullptr);
+  const int opened = sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE, nullptr);
   const Connection connection(handle, &sqlite3_close);
   sqlite3_busy_timeout(handle, kWait);
+  int looks = 0;
+  sqlite3_progress_handler(handle, kStepsBetweenLooks, stop, &looks);
   // Nothing is read before the first query.
   if (opened != SQLITE_OK || !query(handle, "SELECT count(*) FROM sqlite_master")) {
     const int code = sqlite3_errcode(handle);
@@ -85,6 +124,13 @@ DatabaseReport checkDatabase(const std::string& path) {
     report.damage = sqlite3_errmsg(handle);
   } else if (integrity->front() != "ok") {
     report.damage = integrity->front();
+  }
+  if (report.damage || !report.missing.empty()) return report;
+  for (const Query& each : kQueries) {
+    if (!query(handle, each.sql)) report.unreadable = sqlite3_errmsg(handle);
+    if (!report.unreadable && each.index != nullptr && readsAll(handle, each.sql)) {
+      report.slow.emplace_back(each.index);
+    }
   }
   return report;
 }

@@ -13,9 +13,12 @@ struct DatabaseReport {
   std::vector<std::string> missing;       // "logs" for a table, "logs.state" for a column
   std::string journalMode;
   std::optional<std::string> damage;
+  std::vector<std::string> slow;  // the statement that makes each index which a query lacks
 };
 
-// Looks at the file through a connection that cannot change it.
+// Looks at the file through a connection that may write, as every other does: what a program that
+// was killed left half done is taken back first, and nothing else is changed. Reads all that the
+// extension reads.
 DatabaseReport checkDatabase(const std::string& path);
 
 }  // namespace brevant

@@ -26,7 +26,10 @@ class Containers : public Cli {
 
 TEST_F(Containers, MadeAsSamplesAreSoundAndAlive) {
   const std::string sample = path("sample");
-  EXPECT_EQ(run({"sample", sample}).exitCode, 0);
+  const auto outcomes = runTogether({{"sample", sample}, {"sample", sample}});
+  EXPECT_EQ(outcomes[0].exitCode + outcomes[1].exitCode, 1);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(sample), {}), 3);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(sample + "/custom_images"), {}), 1);
   environment["BREVANT_CONTAINER"] = sample;
   auto found = checks();
   found.erase("notifications");  // not of this machine's making
@@ -68,7 +71,21 @@ TEST_F(Containers, WhosePathNeedsEscapesAreMadeWithAWarning) {
 
 TEST_F(Containers, ThatAreIllAreTold) {
   addCategory("C", "Code");
+  EXPECT_EQ(checks()["database"], "warning");
+  const std::string index = "CREATE INDEX i ON time_intervals (log_guid)";
+  EXPECT_NE(run({"doctor"}).out.find("time_intervals (log_guid)"), std::string::npos);
+  database.run(index + "; CREATE INDEX l ON logs (state)");
   EXPECT_EQ(checks()["database"], "ok");
+  write("database (conflicted copy).sqlite", "");
+  EXPECT_EQ(checks()["place"], "warning");
+  write("LiveActivities/activities.json", "{");
+  EXPECT_EQ(checks()["live activities"], "problem");
+  write("Notifications/requests.json", "{");
+  EXPECT_EQ(checks()["reminders"], "problem");
+  std::filesystem::create_directory(path("Notifications/delivery.lock"));
+  EXPECT_EQ(checks()["locks"], "problem");
+  write("home/.cache", "");
+  EXPECT_EQ(checks()["icon cache"], "warning");
   database.run("UPDATE categories SET image_guid = '00000000-0000-0000-0000-000000000000'");
   EXPECT_EQ(checks()["icons"], "problem");
   write("Library/Preferences/group.brevant.plist", "<plist>");
