@@ -36,8 +36,8 @@ std::string linkTarget(const std::string& path);
 // when killed. Not saved when something is there already.
 [[nodiscard]] SaveOutcome makeFile(const std::string& path, std::string_view contents);
 
-// Moves a file to a place of the same file system where nothing is (std::errc::file_exists: there is
-// something).
+// Moves a file to a place of the same file system where nothing is (std::errc::file_exists: there
+// is something).
 [[nodiscard]] std::error_code moveWithoutReplacing(const std::string& from, const std::string& to);
 
 // Makes the directory and those above it, for the user alone and on the disk once this returns.
