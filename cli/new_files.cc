@@ -27,6 +27,13 @@ std::string NewFiles::makeFolder(const fs::path& path) {
   return error ? path.string() + ": " + error.message() : "";
 }
 
+void NewFiles::keepFolders() {
+  std::erase_if(made_, [](const fs::path& path) {
+    std::error_code error;
+    return fs::is_directory(path, error);
+  });
+}
+
 NewFiles::Workshop NewFiles::makeWorkshop(const fs::path& parent) {
   std::string name = parent / ".new-XXXXXX";
   if (mkdtemp(name.data()) == nullptr) return {{}, name + ": " + std::strerror(errno)};

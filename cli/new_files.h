@@ -32,6 +32,9 @@ class NewFiles {
 
   void keep() { made_.clear(); }
 
+  // Those that others work in as well by now.
+  void keepFolders();
+
  private:
   std::vector<std::filesystem::path> made_;
   std::filesystem::path workshop_;

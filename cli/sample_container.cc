@@ -106,7 +106,10 @@ std::optional<std::string> makeSampleContainer(Context& context, const std::stri
   const std::string iconFile = icon + ".png";
   for (const auto& [from, to] :
        {std::pair(workshop.folder / iconFile, images / iconFile), std::pair(built, database)}) {
-    if (std::string trouble = made.moveIn(from, to); !trouble.empty()) return trouble;
+    if (std::string trouble = made.moveIn(from, to); !trouble.empty()) {
+      if (fileExists(database)) made.keepFolders();
+      return trouble;
+    }
   }
   made.keep();
   const std::string trouble = made.moveIn(workshop.folder / "settings", settings);

@@ -72,9 +72,8 @@ TEST_F(Containers, WhosePathNeedsEscapesAreMadeWithAWarning) {
 TEST_F(Containers, ThatAreIllAreTold) {
   addCategory("C", "Code");
   EXPECT_EQ(checks()["database"], "warning");
-  const std::string index = "CREATE INDEX i ON time_intervals (log_guid)";
-  EXPECT_NE(run({"doctor"}).out.find("time_intervals (log_guid)"), std::string::npos);
-  database.run(index + "; CREATE INDEX l ON logs (state)");
+  EXPECT_NE(run({"doctor", "--json"}).out.find("ON logs (state"), std::string::npos);
+  database.run("CREATE INDEX l ON logs (state)");
   EXPECT_EQ(checks()["database"], "ok");
   write("database (conflicted copy).sqlite", "");
   EXPECT_EQ(checks()["place"], "warning");
