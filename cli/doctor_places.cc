@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/doctor_places.h"
 
 #include <algorithm>

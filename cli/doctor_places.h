@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the doctor looks at around the database: what else lies in the container and where it is.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/new_files.h"
 
 #include <cerrno>

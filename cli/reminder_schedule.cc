@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/reminder_schedule.h"
 
 #include <algorithm>
