@@ -9,6 +9,15 @@ namespace brevant {
 
 using Outcome = TransactionEnd::Outcome;
 
+namespace {
+
+// An exclusive lock is lowered and given back once everything is stored, never before.
+bool isErrorOfUnlocking(int extendedCode) {
+  return extendedCode == SQLITE_IOERR_UNLOCK || extendedCode == SQLITE_IOERR_RDLOCK;
+}
+
+}  // namespace
+
 Transaction::Transaction(WidgetDAO& dao)
     : dao_(dao), root_(dao.transaction_ ? dao.transaction_ : this) {
   if (root_ != this) return;
@@ -46,12 +55,11 @@ Outcome Transaction::store() {
     return Outcome::kNotStored;
   }
   if (database()->commit()) return Outcome::kStored;
-  const int error = database()->lastExtendedErrorCode();
+  const bool onlyKeptLock = isErrorOfUnlocking(database()->lastExtendedErrorCode());
   if (database()->isInTransaction() && database()->rollback()) return Outcome::kNotStored;
-  // Whether the error came before or after the point of no return only the file tells. The lock is
-  // given back after it.
+  // Whether the error came before or after the point of no return only the file tells.
   const Outcome found = dao_.readAgain(writes_.back());
-  return found == Outcome::kUnknown && error == SQLITE_IOERR_UNLOCK ? Outcome::kStored : found;
+  return found == Outcome::kUnknown && onlyKeptLock ? Outcome::kStored : found;
 }
 
 void Transaction::undo() {
