@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/container_model.h"
 
+#include <QFileInfo>
 #include <utility>
 
 #include "desktop/live_fetch.h"
@@ -21,6 +22,12 @@ QString unusable() {
   return translate("brevant answered something that cannot be used");
 }
 
+// Without one every answer is that nothing is there, which is not what people should read.
+QString troubleOfLog(const QString& container) {
+  const QFileInfo log(container + u"/database.sqlite"_s);
+  return log.exists() ? QString() : translate("%1 is missing").arg(log.filePath());
+}
+
 QString checkTimeline(const QJsonValue& timeline) {
   if (timeline.isNull()) return translate("brevant has nothing to show for the running activity");
   return isEntry(timeline["entries"_L1][0]) ? QString() : unusable();
@@ -32,6 +39,14 @@ QString checkStatus(const QJsonValue& status) {
 
 QString checkCategories(const QJsonValue& categories) {
   return categories.isArray() ? QString() : unusable();
+}
+
+// What is wrong with the log, or else with the answer.
+Feed::Check checkOfLog(const QString& container, Feed::Check check) {
+  return [container, check = std::move(check)](const QJsonValue& answer) {
+    const QString trouble = troubleOfLog(container);
+    return trouble.isEmpty() ? check(answer) : trouble;
+  };
 }
 
 QString checkLive(const QJsonValue& presentations) {
@@ -49,9 +64,12 @@ ContainerModel::ContainerModel(const Options& options, QObject* parent)
       actions_(client_),
       watcher_(options.client.container, options.settle),
       dueClock_(options.now),
-      timeline_(question({u"timeline"_s}), checkTimeline, options.retry),
-      status_(question({u"status"_s}), checkStatus, options.retry),
-      categories_(question({u"categories"_s}), checkCategories, options.retry),
+      timeline_(question({u"timeline"_s}), checkOfLog(options.client.container, checkTimeline),
+                options.retry),
+      status_(question({u"status"_s}), checkOfLog(options.client.container, checkStatus),
+              options.retry),
+      categories_(question({u"categories"_s}),
+                  checkOfLog(options.client.container, checkCategories), options.retry),
       live_(liveActivitiesFetch(client_), checkLive, options.retry) {
   connect(&watcher_, &ContainerWatcher::changed, this, [this] {
     if (!actions_.isRunning()) reload();  // after an action all is read anyway

@@ -12,7 +12,7 @@
 namespace brevant {
 namespace {
 
-constexpr double kPressedOpacity = 0.5, kBusyOpacity = 0.35;
+constexpr double kPressedOpacity = 0.5, kBusyOpacity = 0.35, kDisabledOpacity = 0.3;
 constexpr QColor kFocusColor(10, 132, 255), kFailureColor(255, 69, 58);
 constexpr double kRingWidth = 2;
 
@@ -73,8 +73,9 @@ void Control::setState(State state) {
 }
 
 void Control::updateLook() {
-  const double busy = state_ == State::kBusy ? kBusyOpacity : 1;
-  setOpacity(*label_, isDown() ? kPressedOpacity : busy);
+  const double resting = state_ == State::kBusy ? kBusyOpacity : 1;
+  const double enabled = isDown() ? kPressedOpacity : resting;
+  setOpacity(*label_, isEnabled() ? enabled : kDisabledOpacity);
   if (state_ == State::kFailed) {
     ring_->show(kFailureColor);
   } else if (reachedByKeyboard_) {
@@ -104,6 +105,13 @@ void Control::focusInEvent(QFocusEvent* event) {
 void Control::focusOutEvent(QFocusEvent* event) {
   reachedByKeyboard_ = false;
   QAbstractButton::focusOutEvent(event);  // no longer down
+  updateLook();
+}
+
+void Control::changeEvent(QEvent* event) {
+  QAbstractButton::changeEvent(event);
+  if (event->type() != QEvent::EnabledChange) return;
+  setCursor(isEnabled() ? Qt::PointingHandCursor : Qt::ArrowCursor);
   updateLook();
 }
 

@@ -7,7 +7,8 @@
 namespace brevant {
 
 // A button or a link of a view tree: its label is the one child that fills it. It looks pressed
-// while it is, shows a ring when the keyboard reaches it, and is named for a screen reader.
+// while it is and off while it is disabled, shows a ring when the keyboard reaches it, and is named
+// for a screen reader.
 //
 // Its object name says what it does to which activity, and so is the same in the next card.
 //
@@ -30,6 +31,7 @@ class Control : public QAbstractButton {
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent*) override {}
 
  private:

@@ -10,6 +10,7 @@
 #include "desktop/autostart.h"
 #include "desktop/link_opener.h"
 #include "desktop/spoken.h"
+#include "desktop/surface.h"
 #include "desktop/translate.h"
 
 namespace brevant {
@@ -58,7 +59,7 @@ Desk::Desk(const ContainerModel::Options& options, const DrawingContext& drawing
   connect(&tray_, &Tray::activated, this, &Desk::raise);
   connect(&model_, &ContainerModel::entryLoaded, this, &Desk::showEntry);
   connect(&model_, &ContainerModel::liveLoaded, this, &Desk::showLive);
-  connect(&model_, &ContainerModel::logLoaded, this, &Desk::showMenus);
+  connect(&model_, &ContainerModel::logLoaded, this, &Desk::showLog);
   connect(&headlineTick_, &QTimer::timeout, this, &Desk::showHeadline);
   headlineTick_.start(kHeadlineTick);
   QTimer::singleShot(kTrayMayTake, this, &Desk::tellIfTrayIsMissing);
@@ -150,9 +151,10 @@ void Desk::showWindow(WindowKind kind, bool wanted) {
 }
 
 void Desk::showEntry() {
+  shownOthers_ = shownEntry()[kOthers].toInt();
   for (WidgetWindow* widget : {&small_, &medium_}) {
     if (model_.isEntryOfLog()) {
-      widget->showEntry(model_.entry(), model_.entryTrouble());
+      widget->showEntry(shownEntry(), model_.entryTrouble());
     } else {
       widget->showPlaceholder(model_.entry(), model_.entryTrouble());
     }
@@ -160,6 +162,18 @@ void Desk::showEntry() {
   const bool runs = model_.isEntryOfLog() && !model_.entry()["name"_L1].toString().isEmpty();
   tray_.setImage(runs ? model_.entry()["icon"_L1].toObject() : QJsonObject());
   showHeadline();
+}
+
+// The timeline tells of one activity; how many more run the status knows.
+QJsonObject Desk::shownEntry() const {
+  QJsonObject entry = model_.entry();
+  entry[kOthers] = std::max(0, static_cast<int>(model_.running().size()) - 1);
+  return entry;
+}
+
+void Desk::showLog() {
+  if (model_.isEntryOfLog() && shownEntry()[kOthers] != shownOthers_) showEntry();
+  showMenus();
 }
 
 void Desk::showLive() {
@@ -197,9 +211,8 @@ CardWindow* Desk::visibleWindow() {
 }
 
 QString Desk::headline() const {
-  if (!model_.isEntryOfLog())
-    return model_.entryTrouble().isEmpty() ? u"Brevant"_s : model_.entryTrouble();
-  return spokenEntry(model_.entry(), now_());
+  if (!model_.entryTrouble().isEmpty()) return model_.entryTrouble();
+  return model_.isEntryOfLog() ? spokenTotal(shownEntry(), now_()) : u"Brevant"_s;
 }
 
 }  // namespace brevant

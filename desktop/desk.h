@@ -46,12 +46,14 @@ class Desk : public QObject {
   void openLink(CardWindow& window, const QString& destination);
   void showWindow(WindowKind kind, bool wanted);
   void showEntry();
+  void showLog();
   void showLive();
   void showMenus();
   void showHeadline();
   void tellIfTrayIsMissing();
   [[nodiscard]] CardWindow* visibleWindow();
   [[nodiscard]] QString headline() const;
+  [[nodiscard]] QJsonObject shownEntry() const;
 
   Preferences& preferences_;
   std::function<double()> now_;
@@ -63,6 +65,7 @@ class Desk : public QObject {
   HostMenu menu_;
   Tray tray_;
   QTimer headlineTick_;
+  int shownOthers_ = 0;
 };
 
 }  // namespace brevant

@@ -20,9 +20,10 @@ struct IntentCall {
 struct DrawingContext {
   ColorScheme colorScheme = ColorScheme::kLight;
   QLocale locale;               // language of the timers; its direction mirrors the layout
-  std::function<double()> now;  // seconds since 1970; stands still for pictures
+  std::function<double()> now;  // seconds since 1970
   std::function<void(const IntentCall&)> runIntent;  // may be empty: buttons do nothing
   std::function<void(const QString&)> openLink;      // may be empty: links do nothing
+  bool isStill = false;  // the clock stands: nothing waits for the next second
   // Points: an image of its own size that is larger would leave no room for anything beside it, and
   // is drawn that large instead.
   double largestImage = std::numeric_limits<double>::infinity();

@@ -228,7 +228,10 @@ DrawingContext Host::drawing() const {
   drawing.colorScheme = client_.colorScheme;
   drawing.locale = messagesLocale();
   drawing.now = systemTime;
-  if (options_.now) drawing.now = [now = *options_.now] { return now; };
+  if (options_.now) {
+    drawing.now = [now = *options_.now] { return now; };
+    drawing.isStill = true;
+  }
   return drawing;
 }
 

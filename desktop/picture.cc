@@ -173,7 +173,8 @@ int drawPicture(int argc, char** argv, const Options& options) {
                                messagesLocale(),
                                [now] { return now; },
                                {},
-                               {}};
+                               {},
+                               true};
   const std::unique_ptr<QWidget> card = buildSurface(picture.surface, shown.value, context);
   QString error;
   if (!save(rendered(*card, picture.scale), picture.file, error)) return complain(error);

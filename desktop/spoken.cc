@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "desktop/surface.h"
 #include "desktop/translate.h"
 
 namespace brevant {
@@ -39,6 +40,12 @@ QString spokenEntry(const QJsonObject& entry, double now) {
   if (name.isEmpty()) return translate("complication.no_running");
   if (!entry["start"_L1].isDouble()) return name;
   return spokenActivity(name, entry["start"_L1].toDouble(), now);
+}
+
+QString spokenTotal(const QJsonObject& entry, double now) {
+  const int others = entry[kOthers].toInt();
+  const QString more = others > 0 ? u" +%1"_s.arg(others) : QString();
+  return spokenEntry(entry, now + entry["duration"_L1].toDouble()) + more;
 }
 
 QString spokenPresentations(const QJsonArray& presentations, double now) {

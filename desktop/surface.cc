@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/arrangement.h"
 #include "desktop/boxes.h"
 #include "desktop/card.h"
 #include "desktop/view_builder.h"
@@ -102,11 +103,19 @@ Widget expandedIsland(const QJsonObject& regions, const DrawingContext& context)
   return banner(std::move(content), islandLook(kExpandedRadius));
 }
 
+// An entry without an activity says so, and its timers stand at nothing.
 Widget widgetCard(const QJsonObject& entry, QLatin1StringView family, QSize size,
                   DrawingContext context) {
   context.largestImage = std::min(size.width(), size.height()) / 3.0;
-  return makeCard(buildView(entry["views"_L1][family].toObject(), context), size,
-                  widgetLook(context.colorScheme, kWidgetRadius));
+  QJsonObject view = entry["views"_L1][family].toObject();
+  if (entry["guid"_L1] == ""_L1) {
+    view = namedWhereNothingRuns(std::move(view));
+    context.isStill = true;
+    context.now = [start = entry["start"_L1].toDouble()] { return start; };
+  }
+  const int others = entry[kOthers].toInt();
+  if (others > 0) view = countingOthers(std::move(view), entry["name"_L1].toString(), others);
+  return makeCard(buildView(view, context), size, widgetLook(context.colorScheme, kWidgetRadius));
 }
 
 Widget minimalIsland(const QJsonObject& island, const DrawingContext& context) {

@@ -20,6 +20,9 @@ enum class Surface {
   kIslandExpanded,
 };
 
+// The host's own key in an entry: how many activities run besides the one that it shows.
+inline constexpr QLatin1StringView kOthers("others");
+
 // By the names of the command line: "small", "medium", "lock-screen", "island-compact",
 // "island-minimal", "island-expanded".
 [[nodiscard]] std::optional<Surface> surfaceFromName(const QString& name);

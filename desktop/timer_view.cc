@@ -71,7 +71,7 @@ double TimerView::secondsUntilNextTick() const {
 }
 
 void TimerView::showEvent(QShowEvent*) {
-  if (style_ == TimerStyle::kTime || ticker_) return;
+  if (style_ == TimerStyle::kTime || context_.isStill || ticker_) return;
   advance();
   ticker_ = &Ticker::of(*this);
   ticker_->add(this);

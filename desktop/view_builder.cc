@@ -156,18 +156,25 @@ class Builder {
     const IntentCall call{intent["name"_L1].toString(), intent["activityId"_L1].toString(),
                           intent["operation"_L1].toString()};
     const QString what = call.name + u' ' + call.activityId + u' ' + call.operation;
-    return buildControl(node, inside, {what, call.operation}, [call, run = context_.runIntent] {
-      if (run) run(call);
-    });
+    auto button =
+        buildControl(node, inside, {what, call.operation}, [call, run = context_.runIntent] {
+          if (run) run(call);
+        });
+    if (button) button->setEnabled(!call.activityId.isEmpty());
+    return button;
   }
 
   Widget buildLink(const QJsonObject& node, const ViewEnvironment& inside) {
     const QString destination = node["destination"_L1].toString();
-    const QString operation = QUrlQuery(destination.section(u'?', 1)).queryItemValue(u"action"_s);
-    return buildControl(node, inside, {destination, operation},
-                        [destination, open = context_.openLink] {
-                          if (open) open(destination);
-                        });
+    const QUrlQuery query(destination.section(u'?', 1));
+    auto link = buildControl(node, inside, {destination, query.queryItemValue(u"action"_s)},
+                             [destination, open = context_.openLink] {
+                               if (open) open(destination);
+                             });
+    const bool isOfNothing =
+        query.hasQueryItem(u"activity"_s) && query.queryItemValue(u"activity"_s).isEmpty();
+    if (link) link->setEnabled(!isOfNothing);
+    return link;
   }
 
   // What a control does: in full, which tells it from every other, and the word for it.

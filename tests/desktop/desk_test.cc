@@ -14,6 +14,7 @@
 #include "desktop/autostart.h"
 #include "desktop/card_row.h"
 #include "desktop/control.h"
+#include "desktop/text_view.h"
 #include "fake_brevant.h"
 
 namespace brevant {
@@ -119,6 +120,56 @@ TEST_F(DeskTest, MarksWhatIsOutOfDateAndTellsWhy) {
   fake_.misbehave("");
   touch();
   EXPECT_TRUE(waitUntil([&] { return medium().toolTip().isEmpty(); }));
+}
+
+TEST_F(DeskTest, AMissingLogIsNotTakenForAnEmptyOne) {
+  showDesk();
+  const QString log = fake_.container() + u"/database.sqlite"_s;
+  QFile::rename(log, log + u".away"_s);
+  EXPECT_TRUE(waitUntil([&] { return medium().toolTip().contains(log + u" is missing"_s); }));
+  EXPECT_TRUE(medium().spokenText().startsWith(u"Reading"_s));
+  EXPECT_EQ(windowsOf<HostMenu>().front()->actions().front()->text(), log + u" is missing"_s);
+  touch();
+  EXPECT_TRUE(waitUntil([&] { return medium().toolTip().isEmpty(); }));
+}
+
+TEST_F(DeskTest, WhereNothingRunsNothingCountsAndNothingCanBePressed) {
+  QByteArray nothing = timelineOf({});
+  nothing.replace("\"guid\":\"A\"", "\"guid\":\"\"")
+      .replace("\"activityId\":\"A\"", "\"activityId\":\"\"");
+  nothing.replace("activity=A", "activity=");
+  nothing.replace("[{\"view\":\"Text\"",
+                  "[{\"view\":\"Text\",\"date\":999996100,\"style\":\"timer\"},{\"view\":\"Text\"");
+  fake_.answer(u"timeline"_s, nothing);
+  showDesk();
+  EXPECT_EQ(medium().spokenText(), u"No running activity"_s);
+  QStringList texts;
+  for (const QWidget* each : medium().findChildren<QWidget*>())
+    if (const auto* view = dynamic_cast<const TextView*>(each)) texts << view->text();
+  EXPECT_THAT(texts, testing::IsSupersetOf({u"0:00"_s, u"No running activity"_s}));
+  for (const auto* control : medium().findChildren<Control*>()) EXPECT_FALSE(control->isEnabled());
+}
+
+// On the card, in the menu's headline and on the tray: of one all that it took, and how many more.
+TEST_F(DeskTest, TellsHowManyMoreRun) {
+  fake_.answer(u"timeline"_s,
+               timelineOf(u"Reading"_s).replace("\"duration\":0", "\"duration\":60"));
+  fake_.answer(u"status"_s, R"({"running":[{"guid":"A","name":"Reading"},{"guid":"B","name":"Tea"},
+                               {"guid":"C","name":"Music"}],"paused":[]})");
+  showDesk();
+  const auto hasCount = [&] {
+    const auto all = medium().findChildren<QWidget*>();
+    return std::any_of(all.begin(), all.end(), [](const QWidget* each) {
+      const auto* view = dynamic_cast<const TextView*>(each);
+      return view && view->isVisible() && view->text() == "+2"_L1;
+    });
+  };
+  EXPECT_TRUE(waitUntil(hasCount));
+  for (const auto* menu : windowsOf<HostMenu>())
+    EXPECT_EQ(menu->actions().front()->text(), u"Reading, 1 hour 6 minutes +2"_s);
+  fake_.answer(u"status"_s, R"({"running":[{"guid":"A","name":"Reading"}],"paused":[]})");
+  touch();
+  EXPECT_TRUE(waitUntil([&] { return !hasCount(); }));
 }
 
 TEST_F(DeskTest, SaysOnTheCardWhyThereNeverWasAnything) {

@@ -38,6 +38,7 @@ cat "answers/$file"
 FakeBrevant::FakeBrevant() {
   QDir(folder_.path()).mkpath(u"answers"_s);
   QDir(folder_.path()).mkpath(u"container"_s);
+  writeFile(container() + u"/database.sqlite"_s, "-");
   writeFile(program(), kScript);
   QFile::setPermissions(program(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   misbehave("");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/host.h"
 
+#include <QFile>
 #include <QFileDialog>
 #include <QSignalSpy>
 #include <gmock/gmock.h>
@@ -53,6 +54,7 @@ TEST(HostTest, ALinkIsFollowedInTheChosenLogAndItsFailureShown) {
 
 TEST(HostTest, TheWelcomeAsksForAFolderOnceAndSaysWhatItIsTold) {
   const FakeBrevant fake;
+  QFile::remove(fake.container() + u"/database.sqlite"_s);
   Options options;
   options.forBrevant = QStringList{u"--container"_s, fake.container()};
   Host host(options);
