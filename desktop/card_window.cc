@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/card_window.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QBitmap>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QGraphicsOpacityEffect>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QScreen>
@@ -15,6 +17,7 @@
 #include <utility>
 
 #include "desktop/card_row.h"
+#include "desktop/timer_view.h"
 #include "desktop/translate.h"
 #include "desktop/x11_hints.h"
 
@@ -105,13 +108,25 @@ void CardWindow::setTrouble(const QString& why) {
   dim();
 }
 
+bool CardWindow::coversTimer(const QRect& place) const {
+  if (!content_) return false;
+  const auto views = content_->findChildren<QWidget*>();
+  return std::any_of(views.begin(), views.end(), [&](const QWidget* view) {
+    const bool isTimer = dynamic_cast<const TimerView*>(view) != nullptr;
+    return isTimer && place.intersects(QRect(view->mapTo(this, QPoint()), view->size()));
+  });
+}
+
 void CardWindow::say(const QString& message) {
   notice_->setText(message);
   notice_->setAccessibleName(message);
   const QRect card = rect().marginsRemoved(kCardMargins + kNoticeMargin);
   QRect place(card.topLeft(), QSize(card.width(), notice_->heightForWidth(card.width())));
   place.moveBottom(card.bottom());
+  if (coversTimer(place)) place.moveTop(card.top());
   notice_->setGeometry(place);
+  QAccessibleEvent announcement(notice_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&announcement);
   notice_->raise();
   notice_->show();
   noticeEnd_.start(kNoticeTime);
@@ -228,6 +243,13 @@ void CardWindow::mouseReleaseEvent(QMouseEvent* event) {
 void CardWindow::contextMenuEvent(QContextMenuEvent* event) {
   const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
   Q_EMIT menuAsked(byMouse ? event->globalPos() : mapToGlobal(rect().center()));
+}
+
+// What the menu key does, for keyboards without one.
+void CardWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_F10 || event->modifiers() != Qt::ShiftModifier)
+    return QWidget::keyPressEvent(event);
+  Q_EMIT menuAsked(mapToGlobal(rect().center()));
 }
 
 // Only people's moves count, not where this window or the window manager puts it.

@@ -5,6 +5,7 @@
 #include <QGraphicsOpacityEffect>
 #include <QKeyEvent>
 #include <QPainter>
+#include <optional>
 
 #include "desktop/boxes.h"
 #include "desktop/rounded_shape.h"
@@ -12,8 +13,10 @@
 namespace brevant {
 namespace {
 
-constexpr double kPressedOpacity = 0.5, kBusyOpacity = 0.35, kDisabledOpacity = 0.3;
+constexpr double kBusyOpacity = 0.35, kDisabledOpacity = 0.3;
 constexpr QColor kFocusColor(10, 132, 255), kFailureColor(255, 69, 58);
+// Darker where it is light and lighter where it is dark, and then darker in any case.
+constexpr QColor kHoverShade(128, 128, 128, 56), kPressedShade(0, 0, 0, 90);
 constexpr double kRingWidth = 2;
 
 void setOpacity(QWidget& widget, double opacity) {
@@ -25,18 +28,17 @@ void setOpacity(QWidget& widget, double opacity) {
 
 }  // namespace
 
-// Lies over the label, since a widget paints below its children.
+// Lies over the label, since a widget paints below its children: a shade while it is pointed at or
+// pressed, and a ring.
 class Control::Ring : public QWidget {
  public:
-  explicit Ring(QWidget* parent) : QWidget(parent) {
+  explicit Ring(QAbstractButton* control) : QWidget(control), control_(*control) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    hide();
   }
 
-  void show(const QColor& color) {
+  void setColor(std::optional<QColor> color) {
     color_ = color;
     raise();
-    QWidget::show();
     update();
   }
 
@@ -44,20 +46,29 @@ class Control::Ring : public QWidget {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF all(rect());
+    const bool isPressed = control_.isDown();
+    if (control_.isEnabled() && (isPressed || control_.underMouse()))
+      painter.fillPath(roundedShape(all, all.height() / 2),
+                       isPressed ? kPressedShade : kHoverShade);
+    if (!color_) return;
     const double inset = kRingWidth / 2;
-    const QRectF rect = QRectF(this->rect()).adjusted(inset, inset, -inset, -inset);
-    painter.strokePath(roundedShape(rect, rect.height() / 2), QPen(color_, kRingWidth));
+    const QRectF ring = all.adjusted(inset, inset, -inset, -inset);
+    painter.strokePath(roundedShape(ring, ring.height() / 2), QPen(*color_, kRingWidth));
   }
 
  private:
-  QColor color_;
+  const QAbstractButton& control_;
+  std::optional<QColor> color_;
 };
 
 Control::Control(std::unique_ptr<QWidget> label, QWidget* parent)
     : QAbstractButton(parent), label_(label.get()), ring_(new Ring(this)) {
   fillWith(*this, std::move(label), {});
+  ring_->raise();
   setFocusPolicy(Qt::TabFocus);
   setCursor(Qt::PointingHandCursor);
+  setAttribute(Qt::WA_Hover);
   connect(this, &Control::pressed, this, &Control::updateLook);
   connect(this, &Control::released, this, &Control::updateLook);
 }
@@ -74,14 +85,13 @@ void Control::setState(State state) {
 
 void Control::updateLook() {
   const double resting = state_ == State::kBusy ? kBusyOpacity : 1;
-  const double enabled = isDown() ? kPressedOpacity : resting;
-  setOpacity(*label_, isEnabled() ? enabled : kDisabledOpacity);
+  setOpacity(*label_, isEnabled() ? resting : kDisabledOpacity);
   if (state_ == State::kFailed) {
-    ring_->show(kFailureColor);
+    ring_->setColor(kFailureColor);
   } else if (reachedByKeyboard_) {
-    ring_->show(kFocusColor);
+    ring_->setColor(kFocusColor);
   } else {
-    ring_->hide();
+    ring_->setColor(std::nullopt);
   }
 }
 

@@ -247,6 +247,7 @@ int runHost(int argc, char** argv, const Options& options) {
   QApplication::setQuitOnLastWindowClosed(false);
   QGuiApplication::setDesktopFileName(u"org.brevant.Desktop"_s);
   findIconsBesideProgram();
+  QApplication::setWindowIcon(programIcon());
   installCardAccessibility();
   const UnixSignals signals;
   Host host(options);

@@ -61,7 +61,7 @@ void IslandWindow::keyPressEvent(QKeyEvent* event) {
   const auto* pill = dynamic_cast<Pill*>(focusWidget());
   switch (event->key()) {
     case Qt::Key_Escape:
-      return collapse();
+      return collapseByKeyboard();
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
@@ -70,8 +70,16 @@ void IslandWindow::keyPressEvent(QKeyEvent* event) {
       if (auto* first = content()->findChild<Control*>()) first->setFocus();
       return;
     default:
-      QWidget::keyPressEvent(event);
+      CardWindow::keyPressEvent(event);
   }
+}
+
+// The keyboard stays at what it has closed.
+void IslandWindow::collapseByKeyboard() {
+  const QString id = expandedId_;
+  collapse();
+  auto* pill = id.isEmpty() ? nullptr : content()->findChild<QWidget*>(id);
+  if (pill) pill->setFocus(Qt::ShortcutFocusReason);
 }
 
 void IslandWindow::enterEvent(QEnterEvent*) {

@@ -33,6 +33,7 @@ class IslandWindow : public CardWindow {
  private:
   void expand(const QString& id);
   void collapse() { expand({}); }
+  void collapseByKeyboard();
   void draw();
   [[nodiscard]] std::unique_ptr<QWidget> makePills();
   [[nodiscard]] QJsonObject presentation(const QString& id) const;

@@ -4,7 +4,9 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/autostart.h"
 #include "desktop/translate.h"
@@ -88,6 +90,21 @@ void StartWindow::sayFailure(const QString& why) {
   sample_.setEnabled(true);
   failure_.setText(why);
   failure_.show();
+  // What wraps has no room of its own until the window gives it.
+  layout()->activate();
+  resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
+}
+
+// As in a dialog, which this is not: it stands alone.
+void StartWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    close();
+  } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    (focused ? focused : &sample_)->click();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
 }
 
 void StartWindow::closeEvent(QCloseEvent* event) {
@@ -100,6 +117,7 @@ std::unique_ptr<QFileDialog> makeFolderDialog() {
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   dialog->setFileMode(QFileDialog::Directory);
   dialog->setOption(QFileDialog::ShowDirsOnly);
+  dialog->setDirectory(QDir::homePath());  // not where the session was started from
   return dialog;
 }
 

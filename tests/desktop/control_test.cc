@@ -22,7 +22,7 @@ class ControlTest : public testing::Test {
       asked_.push_back(call.name + u' ' + call.activityId + u' ' + call.operation);
     };
     context.openLink = [this](const QString& link) { asked_.push_back(link); };
-    const QByteArray label = ",'label':" + box(40, 40) + "}";
+    const QByteArray label = ",'label':" + box(40, 40, "'red':0.8,'green':0.8,'blue':0.8") + "}";
     const QByteArray button =
         "{'view':'Button','intent':{'name':'StopActivityIntent','activityId':'A',"
         "'operation':'pause'}" +
@@ -71,14 +71,23 @@ TEST_F(ControlTest, AsksOncePerClickForItsIntentOrLinkUnlessItIsBusy) {
 
 TEST_F(ControlTest, LooksPressedBusyAndFailed) {
   const QPoint middle(20, 20), edge(1, 20);
-  const int ready = darknessAt(middle);
+  const auto lightness = [&] {
+    return drawn(*view_, view_->size()).pixelColor(middle).lightness();
+  };
+  const int ready = darknessAt(middle), light = lightness();
+  button_->setAttribute(Qt::WA_UnderMouse);
+  const int pointedAt = lightness();
+  EXPECT_LT(pointedAt, light);
   QTest::mousePress(button_, Qt::LeftButton);
-  const int pressed = darknessAt(middle);
-  EXPECT_LT(pressed, ready);
+  EXPECT_LT(lightness(), pointedAt) << "darker, never lighter";
   QTest::mouseRelease(button_, Qt::LeftButton);
+  button_->setEnabled(false);
+  EXPECT_LT(darknessAt(middle), ready / 2) << "off";
+  button_->setEnabled(true);
+  button_->setAttribute(Qt::WA_UnderMouse, false);
   EXPECT_EQ(darknessAt(middle), ready);
   button_->setState(Control::State::kBusy);
-  EXPECT_LT(darknessAt(middle), pressed);
+  EXPECT_LT(darknessAt(middle), ready / 2);
   button_->setState(Control::State::kFailed);
   EXPECT_EQ(darknessAt(middle), ready);
   EXPECT_GT(drawn(*view_, view_->size()).pixelColor(edge).red(), 200);
@@ -94,11 +103,14 @@ TEST_F(ControlTest, DimsWhatItsIntentMakesOutOfDate) {
 
 TEST_F(ControlTest, ShowsARingOnlyToTheKeyboard) {
   const QPoint edge(1, 20);
-  const auto blueness = [&] { return drawn(*view_, view_->size()).pixelColor(edge).blue(); };
+  const auto blueness = [&] {
+    const QColor color = drawn(*view_, view_->size()).pixelColor(edge);
+    return color.blue() - color.red();
+  };
   button_->setFocus(Qt::TabFocusReason);
   QApplication::setActiveWindow(view_.get());
   ASSERT_TRUE(button_->hasFocus());
-  EXPECT_GT(blueness(), 200);
+  EXPECT_GT(blueness(), 150);
   link_->setFocus(Qt::TabFocusReason);
   EXPECT_LT(blueness(), 50);
   EXPECT_EQ(button_->accessibleName(), u"Pause"_s);

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QSignalSpy>
+#include <QTest>
 #include <gmock/gmock.h>
 
 #include "fake_brevant.h"
@@ -64,8 +65,14 @@ TEST(HostTest, TheWelcomeAsksForAFolderOnceAndSaysWhatItIsTold) {
   for (int i = 0; i < 3; ++i) Q_EMIT welcome->folderAsked();
   EXPECT_EQ(windowsOf<QFileDialog>().size(), 1);
 
-  SingleInstance::tell(fake.container(), "say nothing runs");
-  EXPECT_TRUE(waitUntil([&] { return says(*welcome, u"nothing runs"_s); }));
+  const int height = welcome->height();
+  SingleInstance::tell(fake.container(), "say " + QByteArray(30, 'm') + " " + QByteArray(30, 'n'));
+  EXPECT_TRUE(waitUntil([&] { return welcome->height() > height; })) << "there is room for it";
+  QSignalSpy sample(welcome, &StartWindow::sampleAsked), closed(welcome, &StartWindow::closed);
+  QTest::keyClick(welcome, Qt::Key_Return);
+  EXPECT_EQ(sample.size(), 1);
+  QTest::keyClick(welcome, Qt::Key_Escape);
+  EXPECT_EQ(closed.size(), 1);
 }
 
 }  // namespace
