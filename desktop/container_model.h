@@ -37,6 +37,11 @@ class ContainerModel : public QObject {
     return actions_.run(arguments, std::move(done));
   }
 
+  // The same for what follows from another action: at once, and whatever comes of it.
+  void runBeside(const QStringList& arguments) {
+    client_.perform(arguments, this, [](const Answer&) {});
+  }
+
   // The entry of the timeline to show; the placeholder while there never was one; empty when not
   // even that can be had.
   [[nodiscard]] QJsonObject entry() const;
@@ -46,6 +51,10 @@ class ContainerModel : public QObject {
   // The presentations of the running Live Activities.
   [[nodiscard]] QJsonArray liveActivities() const;
   [[nodiscard]] const QString& liveTrouble() const { return live_.trouble(); }
+  // Whether what runs and is paused is known, and not only remembered.
+  [[nodiscard]] bool isLogKnown() const {
+    return status_.lastGood().has_value() && status_.trouble().isEmpty();
+  }
   // The activities that run or are paused, and the categories to start.
   [[nodiscard]] QJsonArray running() const;
   [[nodiscard]] QJsonArray paused() const;

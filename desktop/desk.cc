@@ -133,9 +133,24 @@ void Desk::connectMenu(HostMenu& menu) {
 }
 
 void Desk::runIntent(CardWindow& window, const IntentCall& call) {
-  const QStringList arguments{u"intent"_s, call.name, call.activityId, call.operation};
-  if (model_.run(arguments, [&window](const QString& failure) { window.endIntent(failure); }))
-    window.beginIntent();
+  QStringList arguments{u"intent"_s, call.name, call.activityId, call.operation};
+  const bool isResume = call.name.isEmpty() && call.operation == "resume"_L1;
+  if (isResume) arguments = QStringList{u"resume"_s, call.activityId};
+  if (call.name.isEmpty() && call.operation == "dismiss"_L1)
+    arguments = QStringList{u"live"_s, u"end"_s, call.activityId};
+  const auto done = [this, &window, isResume, guid = call.activityId](const QString& failure) {
+    window.endIntent(failure);
+    if (isResume && failure.isEmpty()) renewLiveOf(guid);
+  };
+  if (model_.run(arguments, done)) window.beginIntent();
+}
+
+// What a Live Activity counts from is out of date once its activity was paused.
+void Desk::renewLiveOf(const QString& guid) {
+  for (const QJsonValue& presentation : shownLive_)
+    if (presentation["contentState"_L1]["guid"_L1] == guid)
+      model_.runBeside({u"live"_s, u"end"_s, presentation["id"_L1].toString()});
+  model_.runBeside({u"live"_s, u"start"_s, u"--activity"_s, guid});
 }
 
 void Desk::openLink(CardWindow& window, const QString& destination) {
@@ -173,12 +188,42 @@ QJsonObject Desk::shownEntry() const {
 
 void Desk::showLog() {
   if (model_.isEntryOfLog() && shownEntry()[kOthers] != shownOthers_) showEntry();
+  if (liveWithHalts() != shownLive_) showLive();
   showMenus();
 }
 
 void Desk::showLive() {
-  banner_.showActivities(model_.liveActivities(), model_.liveTrouble());
-  island_.showActivities(model_.liveActivities(), model_.liveTrouble());
+  shownLive_ = liveWithHalts();
+  banner_.showActivities(shownLive_, model_.liveTrouble());
+  island_.showActivities(shownLive_, model_.liveTrouble());
+}
+
+// A Live Activity may outlive the running of its activity, which only the log knows.
+QJsonArray Desk::liveWithHalts() {
+  const auto isAmong = [](const QJsonArray& activities, const QJsonValue& guid) {
+    return std::any_of(activities.begin(), activities.end(),
+                       [&](const QJsonValue& each) { return each["guid"_L1] == guid; });
+  };
+  QJsonArray live = model_.liveActivities();
+  if (!model_.isLogKnown()) return live;
+  for (QJsonValueRef presentation : live) {
+    QJsonObject told = presentation.toObject();
+    const QString id = told["id"_L1].toString();
+    const QJsonValue guid = told["contentState"_L1]["guid"_L1];
+    if (isAmong(model_.running(), guid)) {
+      lastSeenRunning_.insert(id, 0);
+      continue;
+    }
+    const bool isPaused = isAmong(model_.paused(), guid);
+    QJsonObject halt{{u"state"_s, isPaused ? u"paused"_s : u"stopped"_s}};
+    if (const auto seen = lastSeenRunning_.find(id); seen != lastSeenRunning_.end()) {
+      if (*seen == 0) *seen = now_();
+      halt[u"at"_s] = *seen;
+    }
+    told[kHalt] = halt;
+    presentation = told;
+  }
+  return live;
 }
 
 void Desk::showMenus() {
@@ -205,9 +250,11 @@ void Desk::tellIfTrayIsMissing() {
 }
 
 CardWindow* Desk::visibleWindow() {
-  const auto* found = std::find_if(windows_.begin(), windows_.end(),
-                                   [](const CardWindow* window) { return window->isVisible(); });
-  return found == windows_.end() ? nullptr : *found;
+  CardWindow* largest = nullptr;
+  const auto areaOf = [](const CardWindow& window) { return window.width() * window.height(); };
+  for (CardWindow* window : windows_)
+    if (window->isVisible() && (!largest || areaOf(*window) > areaOf(*largest))) largest = window;
+  return largest;
 }
 
 QString Desk::headline() const {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QHash>
+#include <QJsonArray>
 #include <QObject>
 #include <QTimer>
 #include <array>
@@ -47,10 +49,13 @@ class Desk : public QObject {
   void showWindow(WindowKind kind, bool wanted);
   void showEntry();
   void showLog();
+  void renewLiveOf(const QString& guid);
+  [[nodiscard]] QJsonArray liveWithHalts();
   void showLive();
   void showMenus();
   void showHeadline();
   void tellIfTrayIsMissing();
+  // The largest, for what has to be read; null when none is on screen.
   [[nodiscard]] CardWindow* visibleWindow();
   [[nodiscard]] QString headline() const;
   [[nodiscard]] QJsonObject shownEntry() const;
@@ -66,6 +71,10 @@ class Desk : public QObject {
   Tray tray_;
   QTimer headlineTick_;
   int shownOthers_ = 0;
+  QJsonArray shownLive_;
+  // By the id of a Live Activity whose activity ran: when it was first seen not to; 0 while it
+  // does.
+  QHash<QString, double> lastSeenRunning_;
 };
 
 }  // namespace brevant

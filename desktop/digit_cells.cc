@@ -49,11 +49,18 @@ struct PlacedGlyph {
   double surplus;  // of the cell, half of it before the glyph
 };
 
+// The first digit of a line has half a cell: with spare room before it, it would not stand where
+// the lines around it begin, and nothing trembles for a digit that seldom changes.
+bool startsWithDigit(QStringView text) {
+  return !text.isEmpty() && isDigit(text.front()) && !text.isRightToLeft();
+}
+
 }  // namespace
 
 double digitCellsSurplus(QStringView text, const QFontMetricsF& metrics) {
   QHash<QChar, double> cellWidths;
   double surplus = 0;
+  double share = startsWithDigit(text) ? 0.5 : 1;
   for (const QChar c : text) {
     if (!isDigit(c)) continue;
     double& width = cellWidths[c];
@@ -62,7 +69,8 @@ double digitCellsSurplus(QStringView text, const QFontMetricsF& metrics) {
         width = std::max(width, metrics.horizontalAdvance(digit));
       }
     }
-    surplus += width - metrics.horizontalAdvance(c);
+    surplus += share * (width - metrics.horizontalAdvance(c));
+    share = 1;
   }
   return surplus;
 }
@@ -81,6 +89,7 @@ void spreadIntoDigitCells(QList<QGlyphRun>& runs, QStringView digitsOf) {
   std::stable_sort(placed.begin(), placed.end(),
                    [](const PlacedGlyph& a, const PlacedGlyph& b) { return a.x < b.x; });
   double shift = 0;
+  if (startsWithDigit(digitsOf) && !placed.empty()) shift = -placed.front().surplus / 2;
   for (const PlacedGlyph& glyph : placed) {
     positions[static_cast<std::size_t>(glyph.run)][glyph.index].rx() += shift + glyph.surplus / 2;
     shift += glyph.surplus;

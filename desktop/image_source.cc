@@ -8,7 +8,9 @@
 #include <QPainter>
 #include <QSvgRenderer>
 #include <algorithm>
+#include <cmath>
 #include <memory>
+#include <utility>
 
 #include "desktop/json_values.h"
 #include "desktop/plain_png.h"
@@ -62,7 +64,64 @@ QImage tinted(QSvgRenderer& symbol, const QColor& color, QSize pixels) {
   return image;
 }
 
+// How bright a colour is to the eye, 0 to 1.
+double luminance(const QColor& color) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+         0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+  const double a = luminance(one), b = luminance(other);
+  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+// The mean of what is opaque; absent where nothing is.
+std::optional<QColor> colorOf(const QImage& picture) {
+  double red = 0, green = 0, blue = 0, alpha = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      const QColor pixel = picture.pixelColor(x, y);
+      red += pixel.redF() * pixel.alphaF();
+      green += pixel.greenF() * pixel.alphaF();
+      blue += pixel.blueF() * pixel.alphaF();
+      alpha += pixel.alphaF();
+    }
+  }
+  if (alpha == 0) return std::nullopt;
+  const auto mean = [alpha](double sum) { return static_cast<float>(sum / alpha); };
+  return QColor::fromRgbF(mean(red), mean(green), mean(blue));
+}
+
+QImage onDisc(const QImage& picture, const QColor& disc, QSize pixels) {
+  QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(disc);
+  painter.drawEllipse(image.rect());
+  painter.drawImage((pixels - picture.size()).width() / 2, (pixels - picture.size()).height() / 2,
+                    picture);
+  return image;
+}
+
 }  // namespace
+
+ImageSource readableOn(const QColor& ground, ImageSource picture) {
+  constexpr double kLeastContrast = 3, kShareOfDisc = 0.64;
+  constexpr int kSample = 16;
+  const std::optional<QColor> color = colorOf(picture.draw({kSample, kSample}));
+  if (!color || contrast(*color, ground) >= kLeastContrast) return picture;
+  const QColor bright(235, 235, 240), dark(44, 44, 46);
+  const QColor disc = contrast(*color, bright) > contrast(*color, dark) ? bright : dark;
+  picture.draw = [disc, draw = std::move(picture.draw)](QSize pixels) {
+    return onDisc(draw(pixels * kShareOfDisc), disc, pixels);
+  };
+  return picture;
+}
 
 std::optional<ImageSource> pictureFromJson(const QJsonValue& image, qint64& pixels) {
   const QImage decoded = decodedPng(image["png"_L1].toString().toLatin1(), pixels);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "desktop/arrangement.h"
 #include "desktop/surface.h"
 #include "desktop/translate.h"
 
@@ -53,7 +54,14 @@ QString spokenPresentations(const QJsonArray& presentations, double now) {
   for (const QJsonValue& presentation : presentations) {
     const QJsonValue state = presentation["contentState"_L1];
     const double start = state["start"_L1].toDouble() + kReferenceDate;
-    spoken << spokenActivity(state["typeName"_L1].toString(), start, now);
+    const QString name = state["typeName"_L1].toString();
+    const QJsonValue halt = presentation[kHalt]["state"_L1];
+    if (halt.isString()) {
+      const QString word = wordFor(halt == "paused"_L1 ? Halt::kPaused : Halt::kStopped);
+      spoken << u"%1, %2"_s.arg(name, word);
+    } else {
+      spoken << spokenActivity(name, start, now);
+    }
   }
   return spoken.join(u"; "_s);
 }

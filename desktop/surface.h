@@ -23,6 +23,10 @@ enum class Surface {
 // The host's own key in an entry: how many activities run besides the one that it shows.
 inline constexpr QLatin1StringView kOthers("others");
 
+// Another in a presentation whose activity runs no longer: {"state":"paused"|"stopped"}, and "at",
+// in seconds since 1970, where that is known.
+inline constexpr QLatin1StringView kHalt("halt");
+
 // By the names of the command line: "small", "medium", "lock-screen", "island-compact",
 // "island-minimal", "island-expanded".
 [[nodiscard]] std::optional<Surface> surfaceFromName(const QString& name);

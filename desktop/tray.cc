@@ -2,8 +2,12 @@
 #include "desktop/tray.h"
 
 #include <QApplication>
+#include <QPalette>
 #include <QPixmap>
 #include <QStyle>
+
+#include "desktop/image_source.h"
+#include "desktop/view_limits.h"
 
 namespace brevant {
 
@@ -19,9 +23,13 @@ Tray::Tray(QObject* parent) : QObject(parent) {
 }
 
 void Tray::setImage(const QJsonObject& image) {
-  QPixmap pixmap;
-  pixmap.loadFromData(QByteArray::fromBase64(image["png"_L1].toString().toLatin1()), "PNG");
-  icon_.setIcon(pixmap.isNull() ? programIcon() : QIcon(pixmap));
+  constexpr QSize kPixels(64, 64);
+  qint64 pixels = kMostPixels;
+  const auto picture = image.isEmpty() ? std::nullopt : pictureFromJson(image, pixels);
+  if (!picture) return icon_.setIcon(programIcon());
+  // As a panel is painted, as far as anybody can tell.
+  const QColor panel = QGuiApplication::palette().color(QPalette::Window);
+  icon_.setIcon(QPixmap::fromImage(readableOn(panel, *picture).draw(kPixels)));
 }
 
 void Tray::setHeadline(const QString& headline) {

@@ -2,6 +2,7 @@
 #include "desktop/typesetting.h"
 
 #include <QFontMetricsF>
+#include <QRawFont>
 #include <QTextBoundaryFinder>
 #include <QTextLayout>
 #include <QTextOption>
@@ -73,6 +74,30 @@ void setHeight(SetText::Line& line, const QFontMetricsF& metrics) {
   line.height = above + below;
 }
 
+// What is blank at the ends of a line, before and after the ink of its outermost letters. Blanks
+// that are letters count as ink: they are wanted.
+struct Bearings {
+  double left = 0, right = 0;
+};
+
+Bearings bearingsOf(const QList<QGlyphRun>& runs, double width) {
+  double first = kAnyWidth, last = -kAnyWidth;
+  Bearings bearings;
+  for (const QGlyphRun& run : runs) {
+    const QList<quint32> glyphs = run.glyphIndexes();
+    const QList<QPointF> positions = run.positions();
+    for (qsizetype i = 0; i < glyphs.size(); ++i) {
+      const double x = positions[i].x();
+      const QRectF ink = run.rawFont().boundingRect(glyphs[i]);
+      if (x < first) bearings.left = ink.isEmpty() ? 0 : x + ink.left();
+      if (x > last) bearings.right = ink.isEmpty() ? 0 : width - x - ink.right();
+      first = std::min(first, x);
+      last = std::max(last, x);
+    }
+  }
+  return {std::max(0.0, bearings.left), std::max(0.0, bearings.right)};
+}
+
 SetText::Line finished(const QTextLine& line, const QString& text, const TextStyle& style) {
   SetText::Line result{line.glyphRuns(), widthOf(line, text, style)};
   double left = line.naturalTextRect().left();
@@ -90,6 +115,10 @@ SetText::Line finished(const QTextLine& line, const QString& text, const TextSty
   }
   setHeight(result, QFontMetricsF(style.font));
   if (style.monospacedDigit) spreadIntoDigitCells(result.runs, textOf(line, text));
+  const Bearings bearings = bearingsOf(result.runs, result.width);
+  result.bearing = bearings.left;
+  // The last digit of a timer keeps its cell, or it would tremble.
+  if (!style.monospacedDigit) result.endBearing = bearings.right;
   return result;
 }
 
@@ -166,9 +195,9 @@ void SetText::draw(QPainter& painter, const QRectF& room, Qt::Alignment side) co
   double top = 0;
   for (const Line& line : lines) {
     const double spare = room.width() / scale - line.width;
-    double left = 0;
+    double left = -line.bearing;  // flush with what stands above and below
     if (side & Qt::AlignHCenter) left = spare / 2;
-    if (side & Qt::AlignRight) left = spare;
+    if (side & Qt::AlignRight) left = spare + line.endBearing;
     for (const QGlyphRun& run : line.runs) painter.drawGlyphRun({left, top + line.baseline}, run);
     top += line.height;
   }

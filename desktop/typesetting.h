@@ -24,7 +24,8 @@ struct SetText {
   struct Line {
     QList<QGlyphRun> runs;  // positions from the left end of the baseline
     double width = 0, height = 0;
-    double baseline = 0;  // from the top
+    double baseline = 0;                 // from the top
+    double bearing = 0, endBearing = 0;  // what is blank before and after its ink
   };
 
   QList<Line> lines;

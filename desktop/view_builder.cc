@@ -98,6 +98,8 @@ class Builder {
                       ? symbolNamed(symbol.toString(), inside.foregroundColor, inside.font.size)
                       : pictureFromJson(node["image"_L1], pixels_);
     if (!source) return nullptr;
+    // Those of controls have a ground of their own.
+    if (!symbol.isString() && !inControl_) *source = readableOn(ground(), std::move(*source));
     const auto sizing = hasModifier(modifiers, "resizable"_L1) ? ImageView::Sizing::kResizable
                                                                : ImageView::Sizing::kNatural;
     const double most = context_.largestImage;
@@ -184,13 +186,21 @@ class Builder {
 
   Widget buildControl(const QJsonObject& node, const ViewEnvironment& inside, const Deed& deed,
                       std::function<void()> act) {
+    inControl_ = true;
     Widget label = build(node["label"_L1].toObject(), inside);
+    inControl_ = false;
     if (!label) return nullptr;
     auto control = std::make_unique<Control>(std::move(label));
     control->setObjectName(deed.what);
     control->setAccessibleName(spokenOperation(deed.operation));
+    control->setProperty(kOperation, deed.operation);
     QObject::connect(control.get(), &Control::clicked, control.get(), std::move(act));
     return control;
+  }
+
+  // What the cards are filled with, or darker.
+  [[nodiscard]] QColor ground() const {
+    return context_.colorScheme == ColorScheme::kDark ? QColor(28, 28, 30) : QColor(Qt::white);
   }
 
   const DrawingContext& context_;
@@ -198,6 +208,7 @@ class Builder {
   qsizetype depth_ = 0, nodes_ = 0;
   qint64 pixels_ = kMostPixels;       // that its pictures may still have
   qsizetype letters_ = kMostLetters;  // and its texts
+  bool inControl_ = false;
 };
 
 }  // namespace

@@ -14,6 +14,7 @@
 
 #include "desktop/brevant_client.h"
 #include "desktop/control.h"
+#include "desktop/image_view.h"
 #include "desktop/programs.h"
 #include "desktop/surface.h"
 #include "desktop/text_view.h"
@@ -77,6 +78,13 @@ QString squareOf(QRgb color) {
   return QString::fromLatin1(png.toBase64());
 }
 
+bool isIcon(const QWidget& widget) {
+  if (!dynamic_cast<const ImageView*>(&widget)) return false;
+  for (const QWidget* above = &widget; above; above = above->parentWidget())
+    if (dynamic_cast<const Control*>(above)) return false;
+  return true;
+}
+
 class ContrastTest : public testing::Test {
  protected:
   QByteArray run(const QStringList& arguments, const QByteArray& input = {}) const {
@@ -111,6 +119,10 @@ class ContrastTest : public testing::Test {
         if (text->text().trimmed().isEmpty()) continue;
         EXPECT_GE(contrastWithin(image.copy(part(*text))), 4.5) << qPrintable(text->text());
         ++texts_;
+      } else if (isIcon(*widget)) {
+        // With the ground around it.
+        EXPECT_GE(contrastWithin(image.copy(part(*widget).adjusted(-3, -3, 3, 3))), 3) << "icon";
+        ++icons_;
       } else if (dynamic_cast<const Control*>(widget)) {
         const QRect all = part(*widget);
         QRect middle = all;  // without the corners around the round ground
@@ -123,10 +135,10 @@ class ContrastTest : public testing::Test {
   }
 
   QTemporaryDir folder_;
-  int texts_ = 0, controls_ = 0;
+  int texts_ = 0, controls_ = 0, icons_ = 0;
 };
 
-TEST_F(ContrastTest, TextsAndControlsStandOutWithEveryCategoryColour) {
+TEST_F(ContrastTest, EverythingStandsOutWithEveryCategoryColour) {
   run({u"sample"_s, folder_.filePath(u"log"_s)});
   run({u"live"_s, u"start"_s}, R"({"guid":"A","typeName":"Reading","icon":"cat_3","color":255,
                                    "start":21691000,"message":""})");
@@ -150,7 +162,8 @@ TEST_F(ContrastTest, TextsAndControlsStandOutWithEveryCategoryColour) {
     }
   }
   const int cards = 2 * static_cast<int>(colors.size());
-  EXPECT_EQ(texts_, cards * (3 + 3 + 4 + 2 + 2)) << "of the five surfaces";
+  EXPECT_EQ(texts_, cards * (3 + 4 + 4 + 2 + 2)) << "of the five surfaces";
+  EXPECT_EQ(icons_, cards * 5);
   EXPECT_EQ(controls_, cards * (0 + 2 + 2 + 0 + 2));
 }
 

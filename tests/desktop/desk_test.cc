@@ -115,7 +115,7 @@ TEST_F(DeskTest, MarksWhatIsOutOfDateAndTellsWhy) {
   EXPECT_TRUE(pauseButton());
   QApplication::setActiveWindow(nullptr);
   ASSERT_FALSE(medium().isActiveWindow());
-  QTest::mouseMove(&medium());
+  QTest::mouseMove(&medium(), {kCardMargin + 4, kCardMargin + 20});  // beside the controls
   EXPECT_TRUE(waitUntil([&] { return QToolTip::text() == medium().toolTip(); }));
   fake_.misbehave("");
   touch();
@@ -273,6 +273,29 @@ TEST_F(DeskTest, NamesEveryControlAndReachesItByKeyboard) {
   EXPECT_EQ(nameRead(&island()), u"Live, 1 hour 5 minutes"_s);
 }
 
+// Paused and stopped by another program, while the Live Activity stays.
+TEST_F(DeskTest, ALiveActivityFollowsWhatBecomesOfItsActivity) {
+  showLive({u"1"_s});
+  showDesk();
+  ASSERT_TRUE(waitUntil([&] { return island().isVisible(); }));
+  const auto becomes = [&](const QByteArray& status, const QString& spoken) {
+    fake_.answer(u"status"_s, status);
+    touch();
+    return waitUntil([&] { return island().spokenText() == spoken; });
+  };
+  EXPECT_TRUE(
+      becomes(R"({"running":[],"paused":[{"guid":"A","name":"Live"}]})", u"Live, Paused"_s));
+  fake_.answer(u"live end"_s, "{}");
+  Q_EMIT island().intentAsked({{}, u"A"_s, u"resume"_s});
+  EXPECT_TRUE(waitUntil([&] { return !fake_.calls(u"live end"_s).isEmpty(); }));
+  EXPECT_EQ(fake_.calls(u"resume"_s), QStringList{u"resume A"_s});
+  EXPECT_EQ(fake_.calls(u"live end"_s), QStringList{u"live end 1"_s}) << "it would count the pause";
+  EXPECT_TRUE(waitUntil([&] { return fake_.calls(u"live start --activity A"_s).size() == 1; }));
+  EXPECT_TRUE(becomes(R"({"running":[],"paused":[]})", u"Live, Stopped"_s));
+  EXPECT_TRUE(becomes(R"({"running":[{"guid":"A","name":"Live"}],"paused":[]})",
+                      u"Live, 1 hour 5 minutes"_s));
+}
+
 TEST_F(DeskTest, TheKeyboardStaysAtTheControlThroughAReload) {
   showLive({u"1"_s, u"2"_s});
   showDesk();
@@ -304,8 +327,8 @@ TEST_F(DeskTest, TheIslandOpensAndCloses) {
   QTest::keyClick(&island(), Qt::Key_Escape);
   EXPECT_FALSE(island().isExpanded());
   EXPECT_EQ(island().size(), compact);
+  EXPECT_EQ(island().focusWidget()->objectName(), u"1"_s) << "the keyboard is where it was";
 
-  QTest::keyClick(&island(), Qt::Key_Tab);
   QTest::keyClick(island().focusWidget(), Qt::Key_Space);
   EXPECT_TRUE(island().isExpanded());
   EXPECT_EQ(island().focusWidget(), firstControl(island()));
