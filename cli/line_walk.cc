@@ -41,6 +41,11 @@ Spelled spelled(const std::string& word) {
   return {word.substr(0, 2), word.substr(2)};
 }
 
+void takeValue(LineWalk& walk, const CLI::Option& option, const std::string& value) {
+  if (walk.has(nameOf(option))) walk.stray = {Trouble::kTwice, nameOf(option)};
+  walk.options.emplace_back(&option, value);
+}
+
 void takeOption(LineWalk& walk, const std::string& word) {
   auto [name, value] = spelled(word);
   const CLI::Option* option = findOption(*walk.command, name);
@@ -48,7 +53,7 @@ void takeOption(LineWalk& walk, const std::string& word) {
     walk.stray = {Trouble::kUnknownOption, word};
   } else if (takesValue(*option)) {
     if (value) {
-      walk.options.emplace_back(option, *value);
+      takeValue(walk, *option, *value);
     } else {
       walk.open = option;
     }
@@ -91,7 +96,7 @@ LineWalk walkLine(const CLI::App& program, const std::vector<std::string>& words
   walk.command = &program;
   for (const std::string& word : words) {
     if (walk.open != nullptr) {
-      walk.options.emplace_back(std::exchange(walk.open, nullptr), word);
+      takeValue(walk, *std::exchange(walk.open, nullptr), word);
     } else if (!walk.dashes && word == "--") {
       walk.dashes = true;
     } else if (!walk.dashes && word.size() > 1 && word.starts_with('-')) {

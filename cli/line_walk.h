@@ -27,7 +27,7 @@ struct LineWalk {
   bool help = false;                  // asked for, by option or by command
 
   // The first word that nothing takes; the walk ends there.
-  enum class Trouble { kUnknownWord, kUnknownOption, kNoValueTaken };
+  enum class Trouble { kUnknownWord, kUnknownOption, kNoValueTaken, kTwice };
   struct Stray {
     Trouble trouble;
     std::string word;

@@ -31,6 +31,10 @@ class HelpFormatter : public CLI::Formatter {
   }
 };
 
+char lowercased(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
 // The changes of a letter that make one word of the other; two neighbours in the wrong order are
 // one.
 std::size_t changes(std::string_view a, std::string_view b) {
@@ -72,7 +76,8 @@ std::vector<std::string> optionNames(const CLI::App& command) {
 
 std::string unknownOption(const LineWalk& walk, const std::string& word) {
   const std::string name = word.starts_with("--") ? word.substr(0, word.find('=')) : word;
-  std::string text = "there is no option " + name + orNearest(name, optionNames(*walk.command));
+  std::string text =
+      "there is no option " + shellQuoted(name) + orNearest(name, optionNames(*walk.command));
   const auto places = placesOf(*walk.command);
   if (walk.words.size() < places.size()) {
     text += "; a " + places[walk.words.size()]->get_name(true) +
@@ -84,9 +89,9 @@ std::string unknownOption(const LineWalk& walk, const std::string& word) {
 
 std::string unknownWord(const LineWalk& walk, const std::string& word) {
   const std::vector<std::string> known = commandNames(*walk.command);
-  if (known.empty()) return "one word too many for " + walk.path.back() + ": " + word;
-  return (walk.path.empty() ? "there is" : walk.path.back() + " has") + " no command " + word +
-         orNearest(word, known);
+  if (known.empty()) return "one word too many for " + walk.path.back() + ": " + shellQuoted(word);
+  return (walk.path.empty() ? "there is" : walk.path.back() + " has") + " no command " +
+         shellQuoted(word) + orNearest(word, known);
 }
 
 }  // namespace
@@ -110,6 +115,8 @@ std::string strayText(const LineWalk& walk) {
       return unknownOption(walk, word);
     case Trouble::kNoValueTaken:
       return word + " takes no value";
+    case Trouble::kTwice:
+      return word + " is given twice";
   }
   return word;
 }
@@ -121,11 +128,13 @@ std::string helpHint(const LineWalk& walk) {
 std::string nearest(std::string_view word, std::span<const std::string> known) {
   constexpr std::size_t kLongest = 40;  // no name is longer, and the comparison is quadratic
   if (word.size() > kLongest) return {};
+  std::string meant(word);
+  std::transform(meant.begin(), meant.end(), meant.begin(), lowercased);
   std::string best;
   std::size_t fewest = std::max<std::size_t>(1, word.size() / 3) + 1;
   for (const std::string& name : known) {
-    const bool isBeginning = word.size() > 2 && name.starts_with(word);
-    const std::size_t count = isBeginning ? 1 : changes(word, name);
+    const bool isBeginning = word.size() > 2 && name.starts_with(meant);
+    const std::size_t count = isBeginning ? 1 : changes(meant, name);
     if (count < fewest) {
       fewest = count;
       best = name;
