@@ -2,6 +2,7 @@
 #include "cli/candidates.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "cli/context.h"
@@ -36,9 +37,10 @@ constexpr Place kPlaces[] = {
     {"category", "--id", PlaceKind::kCategoryGuid},
     {"pause", "GUID", PlaceKind::kRunning},
     {"resume", "GUID", PlaceKind::kPaused},
-    {"", "GUID", PlaceKind::kUnfinished},
-    {"", "ACTIVITY_ID", PlaceKind::kUnfinished},
-    {"", "--activity", PlaceKind::kRunning},
+    {"stop", "GUID", PlaceKind::kUnfinished},
+    {"", "GUID", PlaceKind::kUnfinishedGuid},
+    {"", "ACTIVITY_ID", PlaceKind::kUnfinishedGuid},
+    {"", "--activity", PlaceKind::kRunningGuid},
     {"", "OPERATION", PlaceKind::kOperation},
     {"", "ID", PlaceKind::kLiveActivity},
     {"icon", "NAME", PlaceKind::kIcon},
@@ -93,18 +95,25 @@ Candidates icons(const WidgetManager& manager) {
   return result;
 }
 
+// Those that the place can mean, as their category's name or as their guid.
 Candidates activities(Context& context, WidgetManager& manager, PlaceKind kind) {
   const Status status = readStatus(manager, context.platform.clock);
   std::vector<StatusItem> items;
   if (kind != PlaceKind::kPaused) items = status.running;
-  if (kind != PlaceKind::kRunning) {
+  if (kind != PlaceKind::kRunning && kind != PlaceKind::kRunningGuid) {
     items.insert(items.end(), status.paused.begin(), status.paused.end());
   }
+  const bool byGuid = kind == PlaceKind::kRunningGuid || kind == PlaceKind::kUnfinishedGuid;
+  std::map<std::optional<std::string>, int> namesakes;
+  for (const StatusItem& item : items) ++namesakes[item.name];
   Candidates result;
   for (const StatusItem& item : items) {
-    if (!item.guid || !canBeTyped(*item.guid)) continue;
     const std::string state = item.isRunning ? "running, " + durationText(item.elapsed) : "paused";
-    result.push_back({*item.guid, nameText(item) + ", " + state});
+    if (!byGuid && item.name && canBeTyped(*item.name) && namesakes[item.name] == 1) {
+      result.push_back({*item.name, state});
+    } else if (item.guid && canBeTyped(*item.guid)) {
+      result.push_back({*item.guid, nameText(item) + ", " + state});
+    }
   }
   return result;
 }

@@ -28,9 +28,11 @@ enum class PlaceKind {
   kGroup,
   kCategoryOrGroup,
   kCategoryGuid,
-  kRunning,
+  kRunningGuid,
+  kUnfinishedGuid,  // running or paused
+  kRunning,         // these three by the category's name where it says which
   kPaused,
-  kUnfinished,  // running or paused
+  kUnfinished,
   kLiveActivity,
 };
 

@@ -84,7 +84,8 @@ TEST_P(Completion, OffersWhatTheCommandTreeHas) {
       {"brevant doct\t --he\t; ", "brevant doctor"},
       {"brevant help reminders sche\t; ", "brevant reminders schedule"},
       {"brevant status --format=i3\t; ", "full_text"},
-      {"brevant sto\t A\t; ", "Stopped"},
+      {"brevant pau\t Co\t; ", "Paused"},
+      {"brevant intent StopActivityI\t A1\t st\t --js\t; ", "{}"},
   };
   environment["BREVANT_CONTAINER"] = database.folder.string();
   const Terminal shell(GetParam().command, environment, 200);
