@@ -111,8 +111,8 @@ std::optional<std::string> makeSampleContainer(Context& context, const std::stri
       return trouble;
     }
   }
-  made.keep();
   const std::string trouble = made.moveIn(workshop.folder / "settings", settings);
+  made.keep();
   return trouble.empty() || fileExists(settings) ? std::nullopt : std::optional(trouble);
 }
 

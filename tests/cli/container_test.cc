@@ -31,6 +31,7 @@ TEST_F(Containers, MadeAsSamplesAreSoundAndAlive) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(sample), {}), 3);
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(sample + "/custom_images"), {}), 1);
   environment["BREVANT_CONTAINER"] = sample;
+  EXPECT_EQ(ask({"reminders", "settings"})["enabled"], true);
   auto found = checks();
   found.erase("notifications");  // not of this machine's making
   for (const auto& [check, state] : found) EXPECT_EQ(state, "ok") << check;
