@@ -9,6 +9,7 @@
 #include "cli/status.h"
 #include "cli/text_records.h"
 #include "cli/text_time.h"
+#include "cli/words.h"
 #include "live/activity_attribute.h"
 #include "manager/widget_manager.h"
 #include "platform/live_activities.h"
@@ -108,11 +109,12 @@ Candidates activities(Context& context, WidgetManager& manager, PlaceKind kind) 
   for (const StatusItem& item : items) ++namesakes[item.name];
   Candidates result;
   for (const StatusItem& item : items) {
-    const std::string state = item.isRunning ? "running, " + durationText(item.elapsed) : "paused";
+    const std::string state =
+        item.isRunning ? tr("running, %1", durationText(item.elapsed)) : tr("paused");
     if (!byGuid && item.name && canBeTyped(*item.name) && namesakes[item.name] == 1) {
       result.push_back({*item.name, state});
     } else if (item.guid && canBeTyped(*item.guid)) {
-      result.push_back({*item.guid, nameText(item) + ", " + state});
+      result.push_back({*item.guid, tr("%1, %2", nameText(item), state)});
     }
   }
   return result;

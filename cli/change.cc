@@ -6,6 +6,7 @@
 #include "cli/context.h"
 #include "cli/database_place.h"
 #include "cli/status.h"
+#include "cli/words.h"
 #include "manager/widget_manager.h"
 
 namespace brevant {
@@ -42,7 +43,7 @@ ChangeResult changeLocked(WidgetManager& manager, Change change, const Pick& pic
   WidgetActivity& activity = *std::get<ActivityRef>(picked);
   if (change == Change::kResume && activity.state == kStateRunning) {
     // It would begin a new stretch and lose the one that it is in.
-    return NotChanged{nothingChanged("it is running already")};
+    return NotChanged{nothingChanged(tr("it is running already"))};
   }
   perform(manager, activity, change);
   Changed changed;
@@ -94,9 +95,9 @@ ChangeResult changeActivity(Context& context, const std::string& guid, Change ch
 
 std::string notUnfinished(WidgetManager& manager, const std::string& guid) {
   if (manager.dao->hasActivity(guid) == true) {
-    return "the activity " + guid + " is not running or paused";
+    return tr("the activity %1 is not running or paused", guid);
   }
-  return "there is no running or paused activity " + guid;
+  return tr("there is no running or paused activity %1", guid);
 }
 
 StartResult startActivity(Context& context, const Choose& choose) {
@@ -118,7 +119,7 @@ StartResult startActivity(Context& context, const Choose& choose) {
 
 std::optional<std::string> troubleWithChange(Context& context) {
   const StoreReport& store = context.store;
-  const std::string why = store.failure().value_or("the database did not take it");
+  const std::string why = store.failure().value_or(tr("the database did not take it"));
   if (!store.end()) {
     return store.failure() ? std::optional(nothingChanged(why)) : std::nullopt;
   }
@@ -126,18 +127,19 @@ std::optional<std::string> troubleWithChange(Context& context) {
     case Outcome::kNotStored:
       return nothingChanged(why);
     case Outcome::kUnknown:
-      return "the change could not be confirmed: " + why;
+      return tr("the change could not be confirmed: %1", why);
     case Outcome::kStored:
       break;
   }
   if (store.untold()) {
-    context.warn("the change is stored, but the tracker was not told of it: " + *store.untold());
+    context.warn(
+        tr("the change is stored, but the tracker was not told of it: %1", *store.untold()));
   }
   return std::nullopt;
 }
 
 std::string nothingChanged(std::string_view why) {
-  return "nothing was changed: " + std::string(why);
+  return tr("nothing was changed: %1", why);
 }
 
 }  // namespace brevant

@@ -7,6 +7,7 @@
 #include "cli/standard_streams.h"
 #include "cli/usage_text.h"
 #include "cli/values.h"
+#include "cli/words.h"
 
 namespace brevant {
 namespace {
@@ -24,7 +25,7 @@ CLI::Option* add(CLI::App& app, const std::string& name, const std::string& help
   return app.add_option_function<std::string>(
       name,
       [name, take = std::move(take)](const std::string& text) {
-        if (!take(text)) throw CLI::ValidationError(name, "not a value: \"" + text + '"');
+        if (!take(text)) throw CLI::ValidationError(name, tr("not a value: \"%1\"", text));
       },
       help);
 }
@@ -40,13 +41,13 @@ std::string joined(const std::vector<std::string>& words, const char* between) {
 }
 
 ExitCode refuseUsage(std::string_view what, const LineWalk& walk) {
-  writeMessage(std::string(what) + helpHint(walk));
+  writeMessage(withHelpHint(what, walk));
   return ExitCode::kWrongUsage;
 }
 
 ExitCode answer(std::string_view text) {
   if (writeAnswer(text)) return ExitCode::kDone;
-  writeMessage("the answer could not be written");
+  writeMessage(tr("the answer could not be written"));
   return ExitCode::kNotDone;
 }
 
@@ -185,16 +186,14 @@ Command Command::command(const std::string& name, const std::string& summary,
 CommandLine::CommandLine(std::vector<std::string> arguments)
     : arguments_(std::move(arguments)),
       app_(std::make_unique<CLI::App>(
-          "See what a personal time tracker is recording, and pause, stop or start it.",
+          marked("See what a personal time tracker is recording, and pause, stop or start it."),
           "brevant")) {
   app_->require_subcommand(0, 1);
   app_->fallthrough();
   app_->formatter(makeHelpFormatter());
-  app_->footer(
-      "Example:\n  brevant status\n\n"
-      "Words after -- are no options: brevant start -- -x\n"
-      "brevant help COMMAND tells more about a command.");
-  app_->set_version_flag("--version", "brevant " BREVANT_VERSION);
+  app_->footer("brevant status");
+  app_->set_help_flag("-h,--help", "Tell the usage");
+  app_->set_version_flag("--version", "brevant " BREVANT_VERSION, "Tell the version");
   addGlobalOptions();
   const LineWalk walk = walkLine(*app_, arguments_);
   namesNoCommand_ = !walk.stray && walk.open == nullptr && !walk.help && !walk.has("--version");
@@ -204,37 +203,43 @@ CommandLine::CommandLine(std::vector<std::string> arguments)
 CommandLine::~CommandLine() = default;
 
 void CommandLine::addGlobalOptions() {
-  add(*app_, "--container", "The app-group container (default: $BREVANT_CONTAINER)",
+  add(*app_, "--container", marked("The app-group container (default: $BREVANT_CONTAINER)"),
       [this](const std::string& text) {
         options_.container = text;
         return !text.empty();
       })
       ->type_name("DIR");
-  add(*app_, "--now", "The time, in seconds since 1970; it then stands still",
+  add(*app_, "--now", marked("The time, in seconds since 1970; it then stands still"),
       [this](const std::string& text) {
         options_.now = parseSeconds(text);
         return options_.now.has_value();
       })
       ->type_name("SECONDS");
-  add(*app_, "--system-version", "The system version to act for (default: 17.0)",
+  add(*app_, "--system-version", marked("The system version to act for (default: 17.0)"),
       [this](const std::string& text) {
         options_.systemVersion = text;
         return isVersion(text);
       })
       ->type_name("V");
-  CLI::Option* scheme =
-      add(*app_, "--color-scheme", "The colours (default: light)", [this](const std::string& text) {
-        options_.colorScheme = text == "dark" ? ColorScheme::kDark : ColorScheme::kLight;
-        return true;
-      });
+  CLI::Option* scheme = add(*app_, "--color-scheme", marked("The colours (default: light)"),
+                            [this](const std::string& text) {
+                              options_.colorScheme =
+                                  text == "dark" ? ColorScheme::kDark : ColorScheme::kLight;
+                              return true;
+                            });
   allowOnly(*scheme, {"light", "dark"});
-  app_->add_flag("--ios-app-on-mac", options_.isiOSAppOnMac, "Act as a phone application on a Mac");
-  app_->add_flag("--json", options_.json, "Answer in JSON");
+  app_->add_flag("--ios-app-on-mac", options_.isiOSAppOnMac,
+                 marked("Act as a phone application on a Mac"));
+  app_->add_flag("--json", options_.json, marked("Answer in JSON"));
 }
 
 // They are told once, in the option's own form; the parser would repeat them in its own.
 void CommandLine::allowOnly(CLI::Option& option, const std::vector<std::string>& words) {
-  option.check(CLI::IsMember(words).description(""))->type_name(joined(words, "|"));
+  const auto check = [words](const std::string& text) -> std::string {
+    if (std::find(words.begin(), words.end(), text) != words.end()) return "";
+    return tr("%1 is none of %2", '"' + text + '"', joined(words, ", "));
+  };
+  option.check(check, "")->type_name(joined(words, "|"));
   choices_[&option] = words;
 }
 
@@ -254,7 +259,7 @@ Command CommandLine::addCommand(CLI::App& parent, const std::string& name,
     return {nullptr, this};
   }
   CLI::App* app = parent.add_subcommand(name, summary);
-  app->footer("Example:\n  " + example);
+  app->footer(example);
   return {app, this};
 }
 
@@ -268,8 +273,6 @@ Command CommandLine::group(const std::string& name, const std::string& summary,
   const Command group = addCommand(*app_, name, summary, example);
   if (group.app_ != nullptr) {
     group.app_->require_subcommand(1);
-    group.app_->footer("Example:\n  " + example + "\n\nbrevant help " + name +
-                       " COMMAND tells more about a command.");
   }
   return group;
 }
@@ -294,9 +297,9 @@ LineWalk CommandLine::walk(const std::vector<std::string>& words) {
 
 ExitCode CommandLine::refuseGroup(const LineWalk& walk) {
   listUnbuilt();
-  return refuseUsage(
-      walk.path.back() + " needs one of its commands: " + joined(commandNames(*walk.command), ", "),
-      walk);
+  return refuseUsage(tr("%1 needs one of its commands: %2", walk.path.back(),
+                        joined(commandNames(*walk.command), ", ")),
+                     walk);
 }
 
 // Help and errors name what there is, so for them everything is listed.
@@ -306,7 +309,7 @@ std::optional<ExitCode> CommandLine::parse() {
     listUnbuilt();
     return refuseUsage(strayText(walk), walk);
   }
-  if (walk.open != nullptr) return refuseUsage(nameOf(*walk.open) + " needs a value", walk);
+  if (walk.open != nullptr) return refuseUsage(tr("%1 needs a value", nameOf(*walk.open)), walk);
   if (walk.help) {
     listUnbuilt();
     return answer(helpText(walk));
@@ -322,7 +325,7 @@ std::optional<ExitCode> CommandLine::parse() {
     app_->parse(std::move(words));
     return std::nullopt;
   } catch (const CLI::ParseError& error) {
-    return refuseUsage(error.what(), walk);
+    return refuseUsage(parseErrorText(error), walk);
   }
 }
 

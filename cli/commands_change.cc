@@ -10,6 +10,7 @@
 #include "cli/shell_words.h"
 #include "cli/text_records.h"
 #include "cli/text_time.h"
+#include "cli/words.h"
 #include "manager/widget_manager.h"
 #include "platform/text.h"
 
@@ -24,9 +25,9 @@ struct Wording {
 };
 
 constexpr Wording kWordings[] = {
-    {Change::kStop, "stop", "Stopped", "Stop an activity"},
-    {Change::kPause, "pause", "Paused", "Pause an activity"},
-    {Change::kResume, "resume", "Resumed", "Let a paused activity run again"},
+    {Change::kStop, "stop", marked("Stopped %1 after %2"), marked("Stop an activity")},
+    {Change::kPause, "pause", marked("Paused %1 after %2"), marked("Pause an activity")},
+    {Change::kResume, "resume", marked("Resumed %1"), marked("Let a paused activity run again")},
 };
 
 ActivityList inState(const ActivityList& activities, std::int32_t state) {
@@ -65,16 +66,18 @@ class Categories {
   std::map<std::string_view, const WidgetType*> byGuid_;
 };
 
-// 99990 as "99,990".
+// 99990 as "99,990", or what the language has for the comma.
 std::string grouped(std::size_t number) {
   std::string digits = std::to_string(number);
-  for (std::size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, ",");
+  // Translators: the mark between thousands, not the one of decimals.
+  const std::string mark = tr(",");
+  for (std::size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, mark);
   return digits;
 }
 
 NotChanged none(Change change) {
-  if (change == Change::kResume) return {"nothing is paused"};
-  return {change == Change::kStop ? "nothing is running or paused" : "nothing is running"};
+  if (change == Change::kResume) return {tr("nothing is paused")};
+  return {change == Change::kStop ? tr("nothing is running or paused") : tr("nothing is running")};
 }
 
 // The way to say it again, for each of the first few.
@@ -85,16 +88,16 @@ NotChanged sayWhich(const Context& context, const Categories& categories, const 
   if (context.options.container) {
     command += "--container " + shellQuoted(*context.options.container) + ' ';
   }
-  std::string line = "say which: ";
+  std::string list;
   for (std::size_t i = 0; i < candidates.size() && i < kMostListed; ++i) {
-    if (i > 0) line += ", ";
-    line += command + shellQuoted(candidates[i]->guid.value_or("")) + " (" +
+    if (i > 0) list += ", ";
+    list += command + shellQuoted(candidates[i]->guid.value_or("")) + " (" +
             nameText(categories.nameOf(*candidates[i])) + ')';
   }
-  if (candidates.size() > kMostListed) {
-    line += " … and " + grouped(candidates.size() - kMostListed) + " more";
-  }
-  return {line};
+  if (candidates.size() <= kMostListed) return {tr("say which: %1", list)};
+  const std::size_t more = candidates.size() - kMostListed;
+  return {trPlural("say which: %1 … and %2 more", "say which: %1 … and %2 more", more, list,
+                   grouped(more))};
 }
 
 // With a name in another case than a category's own, too.
@@ -129,9 +132,9 @@ Picked pickNamed(const Context& context, WidgetManager& manager, const ActivityL
   const ActivityList candidates = meant(ofName, wording.change);
   if (!candidates.empty()) return onlyOne(context, categories, wording, candidates);
   if (ofName.empty()) return NotChanged{nothingChanged(notUnfinished(manager, word))};
-  return NotChanged{
-      nothingChanged(nameText(word) + (wording.change == Change::kResume ? " is running already"
-                                                                         : " is not running"))};
+  return NotChanged{nothingChanged(wording.change == Change::kResume
+                                       ? tr("%1 is running already", nameText(word))
+                                       : tr("%1 is not running", nameText(word)))};
 }
 
 Picked pick(const Context& context, WidgetManager& manager, const ActivityList& activities,
@@ -147,11 +150,9 @@ void tell(Context& context, const Wording& wording, const Changed& changed) {
   if (context.options.json) return context.print(guidJson(changed.guid));
   const std::string name = nameText(changed.name);
   if (changed.removed) {
-    context.printLine("Removed " + name + ": it was too short to be kept");
-  } else if (wording.change == Change::kResume) {
-    context.printLine(wording.done + (' ' + name));
+    context.printLine(tr("Removed %1: it was too short to be kept", name));
   } else {
-    context.printLine(wording.done + (' ' + name) + " after " + durationText(changed.total));
+    context.printLine(tr(wording.done, name, durationText(changed.total)));
   }
 }
 
@@ -170,11 +171,11 @@ std::variant<std::string, NotChanged> chooseCategory(const Context& context,
                                                      const std::string& category) {
   TypeRef type = manager.findById(category);
   if (!type && !context.store.failure()) type = manager.findByName(category);
-  if (!type) return NotChanged{"there is no category " + category};
+  if (!type) return NotChanged{tr("there is no category %1", category)};
   if (dynamic_cast<const WidgetGroup*>(type.get()) != nullptr) {
-    return NotChanged{category + " is a group: name one of its categories"};
+    return NotChanged{tr("%1 is a group: name one of its categories", category)};
   }
-  if (!type->guid) return NotChanged{"the category " + category + " has no guid"};
+  if (!type->guid) return NotChanged{tr("the category %1 has no guid", category)};
   return *type->guid;
 }
 

@@ -11,6 +11,7 @@
 #include "cli/shell_words.h"
 #include "cli/terminal_text.h"
 #include "cli/text_table.h"
+#include "cli/words.h"
 #include "platform/file_manager.h"
 #include "platform/linux/cloud_database.h"
 
@@ -19,8 +20,9 @@ namespace {
 
 // One line, however many there are.
 std::string passedOverText(const std::string& first, std::size_t others) {
-  if (others == 0) return "passed over: " + first;
-  return "passed over: " + first + "; and " + std::to_string(others) + " more";
+  if (others == 0) return tr("passed over: %1", first);
+  return trPlural("passed over: %1; and %2 more", "passed over: %1; and %2 more", others, first,
+                  std::to_string(others));
 }
 
 ExitCode listRecords(Context& context) {
@@ -47,13 +49,16 @@ ExitCode listRecords(Context& context) {
 std::string findingsText(const std::vector<Finding>& findings) {
   TextTable table;
   for (const Finding& finding : findings) {
-    table.add({{finding.check}, {stateName(finding.state)}, {printable(finding.message)}});
+    table.add({{tr(finding.check.c_str())},
+               {tr(stateName(finding.state).c_str())},
+               {printable(finding.message)}});
     if (!finding.advice.empty()) table.add({{""}, {""}, {"→ " + finding.advice}});
   }
   return table.text(Colors::kNone);
 }
 
 ExitCode runDoctor(Context& context) {
+  if (context.options.json) keepEnglish();
   if (context.notifications == nullptr) {
     if (const auto program = sessionProgram()) {
       return context.refuse(become(*program, context.arguments));
@@ -65,19 +70,23 @@ ExitCode runDoctor(Context& context) {
     return finding.state == Finding::State::kProblem;
   });
   const ExitCode delivered = context.deliverAnswer(ExitCode::kDone);
-  return problems == 0 ? delivered : context.refuse("problems found: " + std::to_string(problems));
+  if (problems == 0) return delivered;
+  const auto count = static_cast<std::size_t>(problems);
+  return context.refuse(
+      trPlural("problems found: %1", "problems found: %1", count, std::to_string(count)));
 }
 
 ExitCode makeSample(Context& context, const std::string& directory) {
   const auto trouble = makeSampleContainer(context, directory);
   if (trouble) return context.refuse(*trouble);
   if (needsEscapes(directory)) {
-    context.warn("the path of " + directory +
-                 " needs percent escapes, so its database will not be found: move it to a path "
-                 "without spaces and other special characters");
+    context.warn(
+        tr("the path of %1 needs percent escapes, so its database will not be found: move it to a "
+           "path without spaces and other special characters",
+           directory));
   }
   if (context.options.json) return context.done();
-  context.printLine("A container to try everything on: " + printable(directory));
+  context.printLine(tr("A container to try everything on: %1", printable(directory)));
   context.printLine("  brevant status --container " + shellQuoted(directory));
   return ExitCode::kDone;
 }

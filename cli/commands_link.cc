@@ -2,6 +2,7 @@
 #include "cli/change.h"
 #include "cli/commands.h"
 #include "cli/context.h"
+#include "cli/words.h"
 #include "live/activity_attribute.h"
 #include "platform/live_activities.h"
 #include "widget/deep_link.h"
@@ -11,7 +12,7 @@ namespace {
 
 // The activity is changed by now: what goes wrong here is told, and no failure of the command.
 void warnNotEnded(const Context& context, const LiveActivityError& error) {
-  context.warn("the Live Activity could not be ended: " + error.message);
+  context.warn(tr("the Live Activity could not be ended: %1", error.message));
 }
 
 void endLiveActivity(Context& context, const std::string& guid) {
@@ -32,7 +33,7 @@ void endLiveActivity(Context& context, const std::string& guid) {
 
 ExitCode open(Context& context, const std::string& url) {
   const std::optional<DeepLink> link = DeepLink::parse(url);
-  if (!link) return context.refuse(nothingChanged("this is no link to an activity: " + url));
+  if (!link) return context.refuse(nothingChanged(tr("this is no link to an activity: %1", url)));
   const Change change = link->action == DeepLinkAction::kPause ? Change::kPause : Change::kStop;
   const ChangeResult result = changeActivity(context, link->guid, change);
   if (const auto* refusal = std::get_if<NotChanged>(&result)) return context.refuse(refusal->why);

@@ -8,6 +8,7 @@
 #include "cli/terminal_text.h"
 #include "cli/text_table.h"
 #include "cli/text_time.h"
+#include "cli/words.h"
 #include "live/activity_attribute.h"
 #include "live/live_activity_widget.h"
 #include "platform/clock.h"
@@ -24,11 +25,11 @@ std::variant<std::string, Unreadable> codedInput(const Context& context) {
   const Decoded<ContentState> decoded =
       ContentState::decoded(context.platform.coder, std::get<std::string>(input));
   if (const auto* error = std::get_if<DecodingError>(&decoded)) {
-    return Unreadable{"the content state does not decode: " + error->message};
+    return Unreadable{tr("the content state does not decode: %1", error->message)};
   }
   std::optional<std::string> coded =
       std::get<ContentState>(decoded).encoded(context.platform.coder);
-  if (!coded) return Unreadable{"the content state cannot be encoded"};
+  if (!coded) return Unreadable{tr("the content state cannot be encoded")};
   return std::move(*coded);
 }
 
@@ -87,7 +88,7 @@ ExitCode list(Context& context, bool endedToo) {
     const bool isActive = activity.state == LiveActivityState::kActive;
     table.add(
         {{printable(activity.id)},
-         {isActive ? "active" : "ended"},
+         {isActive ? tr("active") : tr("ended")},
          {content == nullptr ? "" : printable(content->typeName)},
          {content == nullptr ? "" : dateText(dateOf(content->start), context.platform.calendar)}});
   }
@@ -115,13 +116,14 @@ std::variant<LiveActivity, LiveActivityError> chosen(const Context& context,
     if (!id || activity.id == *id) return std::move(activity);
   }
   return LiveActivityError{LiveActivityError::Kind::kNotRunning,
-                           "there is no running Live Activity" + (id ? ' ' + *id : "")};
+                           id ? tr("there is no running Live Activity %1", *id)
+                              : tr("there is no running Live Activity")};
 }
 
 ExitCode show(Context& context, const std::optional<std::string>& id) {
   if (context.platform.process.systemVersion() < kLiveActivities) {
-    return context.refuse("system version " + context.options.systemVersion +
-                          " has no Live Activities");
+    return context.refuse(
+        tr("system version %1 has no Live Activities", context.options.systemVersion));
   }
   const auto choice = chosen(context, id);
   if (const auto* none = std::get_if<LiveActivityError>(&choice)) {
@@ -130,7 +132,7 @@ ExitCode show(Context& context, const std::optional<std::string>& id) {
   const auto& activity = std::get<LiveActivity>(choice);
   const auto decoded = ContentState::decoded(context.platform.coder, activity.contentState);
   if (const auto* error = std::get_if<DecodingError>(&decoded)) {
-    return context.refuse("the content state does not decode: " + error->message);
+    return context.refuse(tr("the content state does not decode: %1", error->message));
   }
   const auto& state = std::get<ContentState>(decoded);
   if (!context.options.json) {

@@ -7,6 +7,7 @@
 #include "cli/files.h"
 #include "cli/json_container.h"
 #include "cli/other_program.h"
+#include "cli/words.h"
 #include "manager/widget_manager.h"
 #include "platform/image_codec.h"
 
@@ -16,9 +17,9 @@ namespace {
 ExitCode saveIcon(Context& context, const std::optional<std::string>& name, std::uint64_t color,
                   const std::string& file) {
   const ImageRef image = WidgetManager::open(context.platform)->imageForGuid(name, color);
-  if (!image) return context.refuse("there is no icon " + name.value_or(""));
+  if (!image) return context.refuse(tr("there is no icon %1", name.value_or("")));
   const auto png = context.platform.images.encodePng(*image);
-  if (!png) return context.refuse("the icon cannot be written as PNG");
+  if (!png) return context.refuse(tr("the icon cannot be written as PNG"));
   const std::string error = writeFile(file, *png);
   return error.empty() ? context.done() : context.refuse(error);
 }
@@ -31,8 +32,8 @@ ExitCode drawPicture(Context& context, const std::string& surface,
   const std::optional<std::string> program = desktopProgram();
   if (!program) {
     return context.refuse(
-        "brevant-desktop, which draws the pictures, is not there: install it or "
-        "name it in BREVANT_DESKTOP");
+        tr("brevant-desktop, which draws the pictures, is not there: install it or "
+           "name it in BREVANT_DESKTOP"));
   }
   std::vector<std::string> words = globalWords(context.options, context.container);
   words.insert(words.end(), {"--picture", surface, "-o", file, "--scale", scale.value_or("2")});
@@ -59,7 +60,7 @@ void addPictureCommands(CommandLine& line) {
   const Command picture = line.command("picture", "Draw a widget or a Live Activity",
                                        "brevant picture medium --color-scheme dark -o medium.png");
   const auto surface = picture.word(
-      "SURFACE", "",
+      "SURFACE", "What to draw",
       {"small", "medium", "lock-screen", "island-compact", "island-minimal", "island-expanded"});
   const auto scale =
       picture.optionalWord("--scale", "Pixels per point (default: 2)", {"1", "2", "3"});

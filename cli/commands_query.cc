@@ -6,6 +6,7 @@
 #include "cli/context.h"
 #include "cli/json_records.h"
 #include "cli/text_records.h"
+#include "cli/words.h"
 #include "manager/widget_manager.h"
 
 namespace brevant {
@@ -57,7 +58,9 @@ ExitCode printCategory(Context& context, const std::optional<std::string>& guid,
   const auto manager = context.openForReading();
   const TypeRef type = guid ? manager->findById(*guid) : manager->findByName(name.value_or(""));
   if (context.store.failure()) return context.doneReading();
-  if (!type) return context.refuse("there is no category " + guid.value_or(name.value_or("")));
+  if (!type) {
+    return context.refuse(tr("there is no category %1", guid.value_or(name.value_or(""))));
+  }
   context.print(context.options.json ? categoryJson(*type)
                                      : categoriesText({type}, Guids::kShown, colorsOfStdout()));
   return ExitCode::kDone;

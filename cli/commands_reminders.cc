@@ -7,6 +7,7 @@
 #include "cli/reminder_actions.h"
 #include "cli/terminal_text.h"
 #include "cli/text_time.h"
+#include "cli/words.h"
 #include "manager/notify_settings.h"
 #include "manager/widget_manager.h"
 
@@ -20,7 +21,7 @@ ExitCode printSettings(Context& context) {
   if (context.options.json) {
     context.print(notifySettingsJson(settings, description));
   } else {
-    context.printLine(settings.enabled ? description : description + " (off)");
+    context.printLine(settings.enabled ? description : tr("%1 (off)", description));
   }
   return ExitCode::kDone;
 }
@@ -67,8 +68,8 @@ ExitCode inContainer(Context& context, ExitCode (*work)(Context&)) {
 }
 
 // What was done, though the disk may forget it, is done.
-ExitCode told(Context& context, const SaveOutcome& outcome, std::string_view nothing) {
-  if (!outcome.isSaved()) return context.refuse(std::string(nothing) + ": " + outcome.why);
+ExitCode told(Context& context, const SaveOutcome& outcome, const char* nothing) {
+  if (!outcome.isSaved()) return context.refuse(tr(nothing, outcome.why));
   if (!outcome.why.empty()) context.warn(outcome.why);
   return context.done();
 }
@@ -77,7 +78,7 @@ ExitCode schedule(Context& context) {
   context.warnIfNoDatabase();
   const auto manager = context.openManager();
   if (!manager->notifySettings().enabled) {
-    if (!context.options.json) context.printLine("Reminders are off; nothing was scheduled");
+    if (!context.options.json) context.printLine(tr("Reminders are off; nothing was scheduled"));
     return context.done();
   }
   SaveOutcome outcome;
@@ -87,15 +88,16 @@ ExitCode schedule(Context& context) {
     std::size_t count = 0;
     context.platform.notifications.pendingRequests(
         [&](const auto& pending) { count = pending.size(); }, [](const auto&) {});
-    context.printLine("Pending reminders: " + std::to_string(count));
+    context.printLine(
+        trPlural("Pending reminders: %1", "Pending reminders: %1", count, std::to_string(count)));
   }
-  return told(context, outcome, "nothing was scheduled");
+  return told(context, outcome, marked("nothing was scheduled: %1"));
 }
 
 ExitCode cancel(Context& context) {
   SaveOutcome outcome;
   context.openManager()->cancelRemindMeNotifications(hearInto(outcome));
-  return told(context, outcome, "nothing was cancelled");
+  return told(context, outcome, marked("nothing was cancelled: %1"));
 }
 
 ExitCode deliverOnce(Context& context) {
@@ -104,7 +106,7 @@ ExitCode deliverOnce(Context& context) {
     case Delivery::State::kDone:
       return context.done();
     case Delivery::State::kNoService:
-      return context.refuse("no notification service is running; what is due stays pending");
+      return context.refuse(tr("no notification service is running; what is due stays pending"));
     case Delivery::State::kFailed:
       break;
   }
@@ -114,14 +116,15 @@ ExitCode deliverOnce(Context& context) {
 ExitCode watch(Context& context) {
   return watchNotifications(context.platform, *context.notifications, reminderActions(context))
              ? ExitCode::kDone
-             : context.refuse("the pending reminders cannot be kept in this container");
+             : context.refuse(tr("the pending reminders cannot be kept in this container"));
 }
 
 ExitCode deliver(Context& context, bool keepWatching) {
   if (context.notifications == nullptr) {
     const std::optional<std::string> program = sessionProgram();
-    return context.refuse(program ? become(*program, context.arguments)
-                                  : "libexec/brevant-session, which shows reminders, is missing");
+    return context.refuse(program
+                              ? become(*program, context.arguments)
+                              : tr("libexec/brevant-session, which shows reminders, is missing"));
   }
   return inContainer(context, keepWatching ? watch : deliverOnce);
 }

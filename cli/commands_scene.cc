@@ -9,6 +9,7 @@
 #include "cli/json_container.h"
 #include "cli/part.h"
 #include "cli/values.h"
+#include "cli/words.h"
 #include "platform/clock.h"
 #include "platform/live_activities.h"
 #include "platform/process_info.h"
@@ -70,6 +71,7 @@ class Scene {
 };
 
 ExitCode printScene(Context& context) {
+  keepEnglish();  // a part that cannot be shown says why in the answer
   context.print(Scene(context).json());
   return ExitCode::kDone;
 }

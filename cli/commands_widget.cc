@@ -7,6 +7,7 @@
 #include "cli/terminal_text.h"
 #include "cli/text_table.h"
 #include "cli/text_time.h"
+#include "cli/words.h"
 #include "live/live_activity_widget.h"
 #include "live/stop_activity_live_intent.h"
 #include "manager/widget_manager.h"
@@ -43,7 +44,7 @@ std::string textOf(const WidgetContent& entry, const Context& context) {
   const std::uint64_t elapsed = wholeSeconds((entry.date - entry.start).count());
   std::string line = printable(entry.name) + "  " + durationText(elapsed);
   if (entry.duration != 0) {
-    line += "  " + durationText(saturatingSum(elapsed, entry.duration)) + " in all";
+    line += "  " + tr("%1 in all", durationText(saturatingSum(elapsed, entry.duration)));
   }
   return line + '\n';
 }
@@ -59,7 +60,7 @@ ExitCode printTimeline(Context& context) {
     context.print(
         timelineJson(widget, timeline, context.options.colorScheme, context.platform.images));
   } else if (!timeline) {
-    context.warn("the running activity's category is not there, so there is nothing to show");
+    context.warn(tr("the running activity's category is not there, so there is nothing to show"));
   } else {
     for (const WidgetContent& entry : timeline->entries) context.print(textOf(entry, context));
   }
@@ -97,7 +98,7 @@ std::optional<std::string> troubleWithIntent(Context& context, const std::string
   if (auto trouble = troubleWithChange(context)) return trouble;
   if (context.store.end() || (operation != "stop" && operation != "pause")) return std::nullopt;
   if (context.openManager()->dao->hasActivity(activityId) != true) return std::nullopt;
-  return nothingChanged("the activity " + activityId + " is not running or paused");
+  return nothingChanged(tr("the activity %1 is not running or paused", activityId));
 }
 
 ExitCode performIntent(Context& context, const std::string& name, const std::string& activityId,
@@ -129,8 +130,8 @@ void addWidgetCommands(CommandLine& line) {
 
   const Command intent = line.command("intent", "Perform what a widget's button asks for",
                                       "brevant intent StopActivityIntent GUID pause");
-  const auto name =
-      intent.word("NAME", "", {StopActivityIntent::kName, StopActivityLiveIntent::kName});
+  const auto name = intent.word("NAME", "The button's intent",
+                                {StopActivityIntent::kName, StopActivityLiveIntent::kName});
   const auto activityId = intent.text("ACTIVITY_ID", "The activity's guid");
   const auto operation = intent.text("OPERATION", "stop or pause; nothing else does anything");
   intent.run([name, activityId, operation](Context& context) {

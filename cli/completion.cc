@@ -12,6 +12,7 @@
 #include "cli/commands.h"
 #include "cli/context.h"
 #include "cli/standard_streams.h"
+#include "cli/words.h"
 
 namespace brevant {
 namespace {
@@ -54,7 +55,7 @@ GlobalOptions globalOptions(const LineWalk& walk) {
 Answer commandsOf(const CLI::App& command) {
   Answer answer;
   for (const CLI::App* app : command.get_subcommands(nullptr)) {
-    answer.words.push_back({app->get_name(), app->get_description()});
+    answer.words.push_back({app->get_name(), tr(app->get_description().c_str())});
   }
   return answer;
 }
@@ -67,7 +68,7 @@ Answer optionsFor(const LineWalk& walk) {
     for (const CLI::Option* option : optionsOf(*app)) {
       const std::string name = nameOf(*option);
       if (walk.has(name) || !listed.insert(name).second) continue;
-      answer.words.push_back({name, option->get_description()});
+      answer.words.push_back({name, tr(option->get_description().c_str())});
     }
   }
   return answer;

@@ -5,6 +5,7 @@
 
 #include "cli/database_place.h"
 #include "cli/standard_streams.h"
+#include "cli/words.h"
 #include "manager/widget_manager.h"
 #include "platform/task_queue.h"
 
@@ -76,14 +77,14 @@ ExitCode Context::doneReading() {
   const std::optional<std::string> failure = store.failure();
   if (!failure) return ExitCode::kDone;
   answer_.clear();
-  return refuse("the database could not be read: " + *failure);
+  return refuse(tr("the database could not be read: %1", *failure));
 }
 
 ExitCode Context::deliverAnswer(ExitCode code) {
   if (writeAnswer(std::exchange(answer_, {}))) return code;
   const bool isDone = code == ExitCode::kDone && !options.onlyAsks;
-  return refuse(isDone ? "it is done, but the answer could not be written"
-                       : "the answer could not be written");
+  return refuse(isDone ? tr("it is done, but the answer could not be written")
+                       : tr("the answer could not be written"));
 }
 
 }  // namespace brevant

@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "cli/words.h"
 #include "platform/container_path.h"
 
 namespace brevant {
@@ -30,17 +31,17 @@ std::optional<std::string> containerDirectory(const FileManager& files) {
 
 std::optional<std::string> missingContainer(const FileManager& files) {
   const std::optional<std::string> container = containerDirectory(files);
-  if (!container) return "there is no container: name one with --container, as HOME is not set";
+  if (!container) return tr("there is no container: name one with --container, as HOME is not set");
   struct stat status {};
   const bool isThere = stat(container->c_str(), &status) == 0;
   if (!isThere && errno != EACCES) {
-    return "there is no container at " + *container + " (brevant sample DIR makes one to try)";
+    return tr("there is no container at %1 (brevant sample DIR makes one to try)", *container);
   }
   if (isThere && !S_ISDIR(status.st_mode)) {
-    return "the container " + *container + " is no directory";
+    return tr("the container %1 is no directory", *container);
   }
   if (isThere && access(container->c_str(), X_OK) == 0) return std::nullopt;
-  return "the container " + *container + " cannot be entered: " + std::strerror(errno);
+  return tr("the container %1 cannot be entered: %2", *container, std::strerror(errno));
 }
 
 std::optional<std::string> missingDatabase(const FileManager& files) {
@@ -52,10 +53,12 @@ std::optional<std::string> missingDatabase(const FileManager& files) {
   if (auto trouble = missingContainer(files)) return trouble;
   const std::string looked = withOneSlash(*path);
   if (looked != url->appendingPathComponent(kDatabaseFile).path()) {
-    return "the path of the container needs percent escapes, so its database is looked for at " +
-           looked + ": move the container to a path without spaces and other special characters";
+    return tr(
+        "the path of the container needs percent escapes, so its database is looked for at %1: "
+        "move the container to a path without spaces and other special characters",
+        looked);
   }
-  return "there is no database at " + looked;
+  return tr("there is no database at %1", looked);
 }
 
 bool needsEscapes(const std::string& directory) {

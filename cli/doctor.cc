@@ -7,6 +7,7 @@
 #include "cli/context.h"
 #include "cli/database_place.h"
 #include "cli/doctor_places.h"
+#include "cli/words.h"
 #include "manager/widget_manager.h"
 #include "platform/bundle.h"
 #include "platform/container_path.h"
@@ -20,6 +21,13 @@ namespace brevant {
 namespace {
 
 using State = Finding::State;
+
+constexpr const char* kContainer = marked("container");
+constexpr const char* kDatabase = marked("database");
+constexpr const char* kSettings = marked("settings");
+constexpr const char* kIcons = marked("icons");
+constexpr const char* kResources = marked("resources");
+constexpr const char* kNotifications = marked("notifications");
 
 std::string joined(const std::set<std::string>& names) {
   constexpr std::size_t kMost = 5;
@@ -35,71 +43,74 @@ std::string joined(const std::set<std::string>& names) {
 Finding checkContainer(const Context& context) {
   const std::string directory = containerDirectory(context.platform.files).value_or("");
   if (const auto trouble = missingContainer(context.platform.files)) {
-    return {
-        "container", State::kProblem, *trouble,
-        "name it with --container or BREVANT_CONTAINER, or make one to try: brevant sample DIR"};
+    return {kContainer, State::kProblem, *trouble,
+            tr("name it with --container or BREVANT_CONTAINER, or make one to try: brevant sample "
+               "DIR")};
   }
   if (access(directory.c_str(), R_OK | W_OK | X_OK) != 0) {
-    return {"container", State::kProblem, directory + " cannot be written",
-            "give yourself the permission to read and write the folder"};
+    return {kContainer, State::kProblem, tr("%1 cannot be written", directory),
+            tr("give yourself the permission to read and write the folder")};
   }
   const std::string looked = containerPath(context.platform.files, kDatabaseFile).value_or("");
   if (looked.find('%') != std::string::npos) {
-    return {"container", State::kProblem,
-            "the container's path has characters that a URL spells as percent escapes; the "
-            "tracker's rule keeps the escapes, so the database is looked for at " +
-                looked + ", where nobody puts it",
-            "move the container to a path of letters, digits and -._~ only"};
+    return {kContainer, State::kProblem,
+            tr("the container's path has characters that a URL spells as percent escapes; the "
+               "tracker's rule keeps the escapes, so the database is looked for at %1, where "
+               "nobody puts it",
+               looked),
+            tr("move the container to a path of letters, digits and -._~ only")};
   }
-  return {"container", State::kGood, directory, ""};
+  return {kContainer, State::kGood, directory, ""};
 }
 
 Finding checkDatabase(const Context& context) {
   if (const std::optional<std::string> trouble = missingDatabase(context.platform.files)) {
-    return {"database", State::kProblem, *trouble,
-            "let the tracker make its database there, or try brevant sample DIR"};
+    return {kDatabase, State::kProblem, *trouble,
+            tr("let the tracker make its database there, or try brevant sample DIR")};
   }
   const std::string path = containerPath(context.platform.files, kDatabaseFile).value_or("");
   const DatabaseReport report = brevant::checkDatabase(path);
   if (report.damage) {
-    return {"database", State::kProblem, "it is damaged: " + *report.damage,
-            "restore it from a backup, or recover it with sqlite3's .recover"};
+    return {kDatabase, State::kProblem, tr("it is damaged: %1", *report.damage),
+            tr("restore it from a backup, or recover it with sqlite3's .recover")};
   }
   if (report.unreadable) {
-    return {"database", State::kProblem, "it cannot be read: " + *report.unreadable,
-            "close what keeps it locked; check that it is yours to read"};
+    return {kDatabase, State::kProblem, tr("it cannot be read: %1", *report.unreadable),
+            tr("close what keeps it locked; check that it is yours to read")};
   }
   if (!report.missing.empty()) {
-    return {"database", State::kProblem,
-            "it lacks " + joined({report.missing.begin(), report.missing.end()}),
-            "let the tracker's current version open it once"};
+    return {kDatabase, State::kProblem,
+            tr("it lacks %1", joined({report.missing.begin(), report.missing.end()})),
+            tr("let the tracker's current version open it once")};
   }
   if (access(path.c_str(), W_OK) != 0) {
-    return {"database", State::kProblem, "it can be read but not written",
-            "give yourself the permission to write it"};
+    return {kDatabase, State::kProblem, tr("it can be read but not written"),
+            tr("give yourself the permission to write it")};
   }
   if (!report.slow.empty()) {
     std::string statements;
     for (const std::string& each : report.slow) statements += each + "; ";
-    return {"database", State::kWarning,
-            "sound, but without an index each answer reads a whole table (with 130,000 activities "
-            "52 ms rather than 1.9 ms)",
-            "make it with sqlite3 " + path + ": " + statements};
+    return {
+        kDatabase, State::kWarning,
+        tr("sound, but without an index each answer reads a whole table (with 130,000 activities "
+           "52 ms rather than 1.9 ms)"),
+        tr("make it with sqlite3 %1: %2", path, statements)};
   }
-  return {"database", State::kGood, "sound, journal mode " + report.journalMode, ""};
+  return {kDatabase, State::kGood, tr("sound, journal mode %1", report.journalMode), ""};
 }
 
 Finding checkSettings(const Context& context) {
   const std::string path = settingsPath(containerDirectory(context.platform.files).value_or(""));
   if (!context.platform.files.fileExists(path)) {
-    return {"settings", State::kGood, "none yet, so every setting has its default", ""};
+    return {kSettings, State::kGood, tr("none yet, so every setting has its default"), ""};
   }
   const std::optional<std::string> bytes = readFile(path, kMaxPropertyListSize);
   if (!bytes || !parsePropertyList(*bytes)) {
-    return {"settings", State::kProblem, path + " is no property list that can be read",
-            "restore it, or move it away: until then settings read as empty and are not written"};
+    return {
+        kSettings, State::kProblem, tr("%1 is no property list that can be read", path),
+        tr("restore it, or move it away: until then settings read as empty and are not written")};
   }
-  return {"settings", State::kGood, path, ""};
+  return {kSettings, State::kGood, path, ""};
 }
 
 Finding checkIcons(Context& context) {
@@ -107,15 +118,16 @@ Finding checkIcons(Context& context) {
   const auto manager = context.openManager();
   const TypeList types = manager->findAllTypes();
   if (missingDatabase(context.platform.files) || context.store.failure()) {
-    return {"icons", State::kWarning, "not checked, as the categories could not be read",
-            "see what is said of the database"};
+    return {kIcons, State::kWarning, tr("not checked, as the categories could not be read"),
+            tr("see what is said of the database")};
   }
   for (const TypeRef& type : types) {
-    if (!manager->imageForType(*type)) without.insert(type->name.value_or("(no name)"));
+    if (!manager->imageForType(*type)) without.insert(type->name.value_or(tr("(no name)")));
   }
-  if (without.empty()) return {"icons", State::kGood, "every category has one", ""};
-  return {"icons", State::kProblem, "none for " + joined(without),
-          "a widget cannot show these: put the pictures into custom_images, or choose other icons"};
+  if (without.empty()) return {kIcons, State::kGood, tr("every category has one"), ""};
+  return {
+      kIcons, State::kProblem, tr("none for %1", joined(without)),
+      tr("a widget cannot show these: put the pictures into custom_images, or choose other icons")};
 }
 
 Finding checkResources(const Context& context) {
@@ -130,23 +142,23 @@ Finding checkResources(const Context& context) {
     if (!context.platform.bundle.imageNamed(name)) missing.insert(name);
   }
   constexpr const char* kText = "complication.no_running";  // a key, which no language shows
-  if (context.platform.bundle.localizedString(kText) == kText) missing.insert("the texts");
-  if (missing.empty()) return {"resources", State::kGood, resourcesBesideProgram(), ""};
-  return {"resources", State::kProblem,
-          "missing in " + resourcesBesideProgram() + ": " + joined(missing),
-          "install the program together with its share folder"};
+  if (context.platform.bundle.localizedString(kText) == kText) missing.insert(tr("the texts"));
+  if (missing.empty()) return {kResources, State::kGood, resourcesBesideProgram(), ""};
+  return {kResources, State::kProblem,
+          tr("missing in %1: %2", resourcesBesideProgram(), joined(missing)),
+          tr("install the program together with its share folder")};
 }
 
 Finding checkNotifications(const Context& context) {
   if (context.notifications == nullptr) {
-    return {"notifications", State::kProblem, "the program that shows them is not installed",
-            "install brevant-session in libexec, beside the folder of brevant"};
+    return {kNotifications, State::kProblem, tr("the program that shows them is not installed"),
+            tr("install brevant-session in libexec, beside the folder of brevant")};
   }
   if (const std::optional<std::string> name = context.notifications->name()) {
-    return {"notifications", State::kGood, "shown by " + *name, ""};
+    return {kNotifications, State::kGood, tr("shown by %1", *name), ""};
   }
-  return {"notifications", State::kWarning, "no notification service is running in this session",
-          "reminders wait until there is one; any desktop's will do"};
+  return {kNotifications, State::kWarning, tr("no notification service is running in this session"),
+          tr("reminders wait until there is one; any desktop's will do")};
 }
 
 }  // namespace
@@ -154,11 +166,11 @@ Finding checkNotifications(const Context& context) {
 std::string stateName(State state) {
   switch (state) {
     case State::kGood:
-      return "ok";
+      return marked("ok");
     case State::kWarning:
-      return "warning";
+      return marked("warning");
     case State::kProblem:
-      return "problem";
+      return marked("problem");
   }
   return "";
 }

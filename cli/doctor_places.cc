@@ -10,6 +10,7 @@
 
 #include "cli/context.h"
 #include "cli/database_place.h"
+#include "cli/words.h"
 #include "platform/linux/durable_file.h"
 #include "platform/linux/file_lock.h"
 #include "platform/linux/shared_settings.h"
@@ -22,7 +23,12 @@ namespace {
 namespace fs = std::filesystem;
 using State = Finding::State;
 
-constexpr const char* kMoveAway = "restore the file, or move it away: it is never overwritten";
+constexpr const char* kMoveAway =
+    marked("restore the file, or move it away: it is never overwritten");
+constexpr const char* kLiveActivitiesCheck = marked("live activities");
+constexpr const char* kReminders = marked("reminders");
+constexpr const char* kLocks = marked("locks");
+constexpr const char* kPlace = marked("place");
 
 // Where locks between machines do not hold, or not always.
 bool isOnNetwork(const std::string& directory) {
@@ -63,17 +69,20 @@ bool canBeWritten(fs::path folder) {
 Finding checkLiveActivities(const Context& context) {
   const LiveActivityList list = context.platform.liveActivities.allActivities();
   if (const auto* error = std::get_if<LiveActivityError>(&list)) {
-    return {"live activities", State::kProblem, error->message, kMoveAway};
+    return {kLiveActivitiesCheck, State::kProblem, error->message, tr(kMoveAway)};
   }
-  return {"live activities", State::kGood, "the registry can be read", ""};
+  return {kLiveActivitiesCheck, State::kGood, tr("the registry can be read"), ""};
 }
 
 Finding checkReminders(const Context& context) {
-  Finding finding{"reminders", State::kGood, "", ""};
+  Finding finding{kReminders, State::kGood, "", ""};
   context.platform.notifications.pendingRequests(
-      [&](const auto& pending) { finding.message = std::to_string(pending.size()) + " pending"; },
+      [&](const auto& pending) {
+        finding.message =
+            trPlural("%1 pending", "%1 pending", pending.size(), std::to_string(pending.size()));
+      },
       [&](const SaveOutcome& read) {
-        if (!read.isSaved()) finding = {"reminders", State::kProblem, read.why, kMoveAway};
+        if (!read.isSaved()) finding = {kReminders, State::kProblem, read.why, tr(kMoveAway)};
       });
   return finding;
 }
@@ -89,36 +98,37 @@ Finding checkLocks(const Context& context) {
     if (!fileExists(path)) continue;
     const FileLock lock(path);
     if (lock.held()) continue;
-    return {"locks", State::kProblem, lock.problem(),
-            lock.isBusy() ? "end the program that hangs with it (fuser shows which): until then "
-                            "nothing is saved there"
-                          : "make it an ordinary file of your own, or remove it"};
+    return {kLocks, State::kProblem, lock.problem(),
+            lock.isBusy() ? tr("end the program that hangs with it (fuser shows which): until then "
+                               "nothing is saved there")
+                          : tr("make it an ordinary file of your own, or remove it")};
   }
-  return {"locks", State::kGood, "nobody keeps one", ""};
+  return {kLocks, State::kGood, tr("nobody keeps one"), ""};
 }
 
 Finding checkPlace(const Context& context) {
   const std::string directory = containerDirectory(context.platform.files).value_or("");
   if (const std::string copies = conflictCopies(directory); !copies.empty()) {
-    return {"place", State::kWarning, "beside the database lies a conflict copy: " + copies,
-            "two machines changed the log at once, and each copy lacks what the other has; keep "
-            "what you need of both and synchronise no database that is in use"};
+    return {kPlace, State::kWarning, tr("beside the database lies a conflict copy: %1", copies),
+            tr("two machines changed the log at once, and each copy lacks what the other has; keep "
+               "what you need of both and synchronise no database that is in use")};
   }
   if (isOnNetwork(directory)) {
-    return {"place", State::kWarning, "the container is on a network file system",
-            "its locks may fail between machines, which can damage a database: keep it on a disk "
-            "of this machine"};
+    return {
+        kPlace, State::kWarning, tr("the container is on a network file system"),
+        tr("its locks may fail between machines, which can damage a database: keep it on a disk "
+           "of this machine")};
   }
-  return {"place", State::kGood, "on a disk of this machine, without conflict copies", ""};
+  return {kPlace, State::kGood, tr("on a disk of this machine, without conflict copies"), ""};
 }
 
 Finding checkIconCache(const Context& context) {
   const std::optional<std::string> caches = context.platform.files.cachesDirectory();
   const std::string folder = caches.value_or("") + "/org.brevant.PINDiskCache.PINDiskCacheShared";
-  if (caches && canBeWritten(folder)) return {"icon cache", State::kGood, folder, ""};
-  return {"icon cache", State::kWarning,
-          caches ? folder + " cannot be written" : "there is no folder for caches",
-          "icons are tinted anew each time: give yourself the permission to write it"};
+  if (caches && canBeWritten(folder)) return {marked("icon cache"), State::kGood, folder, ""};
+  return {marked("icon cache"), State::kWarning,
+          caches ? tr("%1 cannot be written", folder) : tr("there is no folder for caches"),
+          tr("icons are tinted anew each time: give yourself the permission to write it")};
 }
 
 }  // namespace brevant

@@ -7,6 +7,8 @@
 #include <cstring>
 #include <memory>
 
+#include "cli/words.h"
+
 namespace brevant {
 
 std::variant<std::string, Unreadable> readInput() {
@@ -15,10 +17,10 @@ std::variant<std::string, Unreadable> readInput() {
   std::array<char, 4096> block{};
   while (const std::size_t count = std::fread(block.data(), 1, block.size(), stdin)) {
     input.append(block.data(), count);
-    if (input.size() > kMostInput) return Unreadable{"the input is larger than 1 MiB"};
+    if (input.size() > kMostInput) return Unreadable{tr("the input is larger than 1 MiB")};
   }
   if (std::ferror(stdin) != 0) {
-    return Unreadable{std::string("the input could not be read: ") + std::strerror(errno)};
+    return Unreadable{tr("the input could not be read: %1", std::strerror(errno))};
   }
   return input;
 }

@@ -3,6 +3,7 @@
 
 #include "cli/context.h"
 #include "cli/database_place.h"
+#include "cli/words.h"
 #include "live/activity_attribute.h"
 #include "manager/widget_manager.h"
 
@@ -25,15 +26,15 @@ std::variant<std::string, ExitCode> runningContent(Context& context, const std::
   const TypeRef type =
       activity && activity->categoryGuid ? manager->findById(*activity->categoryGuid) : nullptr;
   if (const ExitCode read = context.doneReading(); read != ExitCode::kDone) return read;
-  if (!activity) return context.refuse("there is no running activity " + guid);
-  if (!type) return context.refuse("the category of the running activity is not there");
-  if (!activity->start) return context.refuse("it is not known when the activity was started");
+  if (!activity) return context.refuse(tr("there is no running activity %1", guid));
+  if (!type) return context.refuse(tr("the category of the running activity is not there"));
+  if (!activity->start) return context.refuse(tr("it is not known when the activity was started"));
 
   const Seconds start(secondsSince1970(*activity->start) - kReferenceDate);
   const ContentState state{guid,        type->name.value_or(""), type->imageGuid.value_or(""),
                            type->color, ReferenceDate(start),    ""};
   std::optional<std::string> coded = state.encoded(context.platform.coder);
-  if (!coded) return context.refuse("the content state cannot be encoded");
+  if (!coded) return context.refuse(tr("the content state cannot be encoded"));
   return std::move(*coded);
 }
 

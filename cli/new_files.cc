@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "cli/words.h"
 #include "platform/linux/durable_file.h"
 
 namespace brevant {
@@ -44,7 +45,7 @@ NewFiles::Workshop NewFiles::makeWorkshop(const fs::path& parent) {
 
 std::string NewFiles::moveIn(const fs::path& from, const fs::path& to) {
   const std::error_code error = moveWithoutReplacing(from, to);
-  if (error == std::errc::file_exists) return to.string() + " is there already";
+  if (error == std::errc::file_exists) return tr("%1 is there already", to.string());
   if (error) return to.string() + ": " + error.message();
   made_.push_back(to);
   return "";

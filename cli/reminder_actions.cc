@@ -9,6 +9,7 @@
 #include "cli/database_place.h"
 #include "cli/other_program.h"
 #include "cli/reminder_schedule.h"
+#include "cli/words.h"
 #include "manager/widget_manager.h"
 #include "platform/bundle.h"
 #include "platform/clock.h"
@@ -75,8 +76,8 @@ void snooze(Context& context) {
 
 void openHost(const Context& context) {
   const std::optional<std::string> host = desktopProgram();
-  const std::string why =
-      host ? startBeside(*host, {"--container", context.container}) : "brevant-desktop is missing";
+  const std::string why = host ? startBeside(*host, {"--container", context.container})
+                               : tr("brevant-desktop is missing");
   if (!why.empty()) context.warn(why);
 }
 

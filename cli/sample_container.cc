@@ -7,6 +7,7 @@
 #include "cli/database_place.h"
 #include "cli/files.h"
 #include "cli/new_files.h"
+#include "cli/words.h"
 #include "platform/bundle.h"
 #include "platform/image_codec.h"
 #include "platform/linux/durable_file.h"
@@ -68,9 +69,9 @@ std::span<const std::uint8_t> bytesOf(std::string_view text) {
 // An icon of the user's own; any picture will do.
 std::string writeCustomIcon(Context& context, const fs::path& folder, const std::string& guid) {
   const ImageRef image = context.platform.bundle.imageNamed("cat_22.png");
-  if (!image) return "the icons of the program are not there";
+  if (!image) return tr("the icons of the program are not there");
   const auto png = context.platform.images.encodePng(*image);
-  return png ? writeFile(folder / (guid + ".png"), *png) : "the icon cannot be written as PNG";
+  return png ? writeFile(folder / (guid + ".png"), *png) : tr("the icon cannot be written as PNG");
 }
 
 }  // namespace
@@ -80,7 +81,7 @@ std::optional<std::string> makeSampleContainer(Context& context, const std::stri
   const fs::path database = container / kDatabaseFile;
   for (const char* const suffix : {"", "-journal", "-wal"}) {
     const std::string path = database.string() + suffix;
-    if (fileExists(path)) return path + " is there already";
+    if (fileExists(path)) return tr("%1 is there already", path);
   }
   const fs::path images = container / "custom_images";
   const fs::path settings = settingsPath(directory);
@@ -93,7 +94,8 @@ std::optional<std::string> makeSampleContainer(Context& context, const std::stri
   const fs::path built = workshop.folder / kDatabaseFile;
   const std::string icon = newUuid(context.platform.random);
   if (!createSampleDatabase(context.platform, built, icon, context.store.listener())) {
-    return database.string() + ": " + context.store.failure().value_or("it could not be written");
+    return database.string() + ": " +
+           context.store.failure().value_or(tr("it could not be written"));
   }
   if (auto trouble = writeCustomIcon(context, workshop.folder, icon); !trouble.empty()) {
     return trouble;

@@ -4,6 +4,7 @@
 #include "cli/terminal_text.h"
 #include "cli/text_bars.h"
 #include "cli/text_time.h"
+#include "cli/words.h"
 
 namespace brevant {
 namespace {
@@ -38,12 +39,13 @@ struct Piece {
 
 Piece fieldAtFront(std::string_view text) {
   const std::size_t end = text.find('}');
-  if (end == std::string_view::npos) return {text, nullptr, "a lone { in the template: write {{"};
+  if (end == std::string_view::npos)
+    return {text, nullptr, tr("a lone { in the template: write {{")};
   const std::string_view word = text.substr(1, end - 1);
   for (const auto& field : kFields) {
     if (field.word == word) return {text.substr(0, end + 1), field.value, ""};
   }
-  return {text, nullptr, "there is no field {" + std::string(word) + "} for a template"};
+  return {text, nullptr, tr("there is no field {%1} for a template", word)};
 }
 
 // Takes a field, a brace or the text before the next one off the front.
@@ -57,7 +59,7 @@ Piece takePiece(std::string_view& text) {
   if (text.front() == '{') {
     piece = fieldAtFront(text);
   } else if (text.front() == '}') {
-    piece = {text, nullptr, "a lone } in the template: write }}"};
+    piece = {text, nullptr, tr("a lone } in the template: write }}")};
   } else {
     piece.text = text.substr(0, text.find_first_of("{}"));
   }
@@ -69,7 +71,7 @@ Piece takePiece(std::string_view& text) {
 
 std::optional<std::string> templateProblem(std::string_view text) {
   if (text.find_first_of("{}") == std::string_view::npos) {
-    return "neither a format nor a template with a field like {name}: \"" + std::string(text) + '"';
+    return tr("neither a format nor a template with a field like {name}: \"%1\"", text);
   }
   while (!text.empty()) {
     if (Piece piece = takePiece(text); !piece.problem.empty()) return std::move(piece.problem);

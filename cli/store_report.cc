@@ -3,6 +3,8 @@
 
 #include <variant>
 
+#include "cli/words.h"
+
 namespace brevant {
 namespace {
 
@@ -12,11 +14,11 @@ constexpr int kLocked = 6;
 constexpr int kInterrupted = 9;
 
 std::string inWords(const StatementFailure& failure) {
-  if (failure.code == kBusy || failure.code == kLocked) return "the database stayed locked";
+  if (failure.code == kBusy || failure.code == kLocked) return tr("the database stayed locked");
   if (failure.code == kInterrupted) {
-    return "the database took too long to answer: it has a view or a trigger without end";
+    return tr("the database took too long to answer: it has a view or a trigger without end");
   }
-  if (failure.step == StatementFailure::Step::kOpen) return "it could not be opened";
+  if (failure.step == StatementFailure::Step::kOpen) return tr("it could not be opened");
   return failure.message;
 }
 

@@ -6,6 +6,7 @@
 #include "cli/terminal_text.h"
 #include "cli/text_table.h"
 #include "cli/text_time.h"
+#include "cli/words.h"
 
 namespace brevant {
 namespace {
@@ -20,9 +21,10 @@ void add(TextTable& table, const char* mark, const StatusItem& item, Guids guids
          const std::string& since) {
   std::vector<Cell> row{{mark, item.color}, {nameText(item)}};
   if (guids == Guids::kShown) row.push_back({printable(item.guid.value_or("-"))});
-  row.push_back({item.isRunning ? durationText(item.elapsed) : "paused", {}, Cell::Side::kRight});
+  row.push_back(
+      {item.isRunning ? durationText(item.elapsed) : tr("paused"), {}, Cell::Side::kRight});
   row.push_back({durationText(item.total), {}, Cell::Side::kRight});
-  row.push_back({since.empty() ? "in all" : "in all, since " + since});
+  row.push_back({since.empty() ? tr("in all") : tr("in all, since %1", since)});
   table.add(std::move(row));
 }
 
@@ -39,11 +41,11 @@ std::string text(const Status& status, Guids guids, Date now, const Calendar& ca
 }  // namespace
 
 std::string nameText(const std::optional<std::string>& name) {
-  return name ? printable(*name) : "(no name)";
+  return name ? printable(*name) : tr("(no name)");
 }
 
 std::string nameText(const StatusItem& item) {
-  return item.hasCategory ? nameText(item.name) : "(no category)";
+  return item.hasCategory ? nameText(item.name) : tr("(no category)");
 }
 
 std::string statusText(const Status& status, Date now, const Calendar& calendar, Colors colors) {

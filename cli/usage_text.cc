@@ -4,30 +4,93 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <numeric>
+#include <sstream>
 
 #include "cli/shell_words.h"
+#include "cli/terminal_text.h"
+#include "cli/words.h"
 
 namespace brevant {
 namespace {
 
 using Trouble = LineWalk::Trouble;
 
+// The parser's own words for the parts of a usage.
+constexpr const char* kParts[] = {marked("Usage"), marked("OPTIONS"), marked("REQUIRED"),
+                                  marked("Excludes")};
+[[maybe_unused]] constexpr const char* kGroups[] = {marked("Options"), marked("Positionals")};
+
 class HelpFormatter : public CLI::Formatter {
  public:
-  HelpFormatter() { label("SUBCOMMAND", "COMMAND"); }
+  HelpFormatter() { label("SUBCOMMAND", marked("COMMAND")); }
+
+  std::string make_help(const CLI::App* app, std::string name,
+                        CLI::AppFormatMode mode) const override {
+    HelpFormatter inWords;
+    for (const char* part : kParts) inWords.label(part, tr(part));
+    inWords.label("SUBCOMMAND", tr("COMMAND"));
+    return inWords.Formatter::make_help(app, std::move(name), mode);
+  }
+
+  std::string make_group(std::string group, bool arePlaces,
+                         std::vector<const CLI::Option*> options) const override {
+    return Formatter::make_group(tr(group.c_str()), arePlaces, std::move(options));
+  }
+
+  std::string make_option(const CLI::Option* option, bool isPlace) const override {
+    const std::string name = make_option_name(option, isPlace) + make_option_opts(option);
+    return row(name, make_option_desc(option));
+  }
+
+  std::string make_option_desc(const CLI::Option* option) const override {
+    return tr(option->get_description().c_str());
+  }
+
+  std::string make_subcommand(const CLI::App* command) const override {
+    return row(command->get_name(), tr(command->get_description().c_str()));
+  }
+
+  std::string make_description(const CLI::App* app) const override {
+    const std::string text = tr(app->get_description().c_str()) + '\n';
+    if (app->get_require_option_max() != 1) return text;
+    return text + '[' + tr("Exactly 1 of the following options is required") + "]\n";
+  }
+
+  std::string make_subcommands(const CLI::App* app, CLI::AppFormatMode /*mode*/) const override {
+    std::string text;
+    for (const CLI::App* command : app->get_subcommands(nullptr)) text += make_subcommand(command);
+    return text.empty() ? text : '\n' + tr("Commands") + ":\n" + text;
+  }
 
   std::string make_footer(const CLI::App* app) const override {
-    std::string text;
-    if (const CLI::App* program = app->get_parent(); program != nullptr) {
-      while (program->get_parent() != nullptr) program = program->get_parent();
-      std::vector<const CLI::Option*> options = optionsOf(*program);
-      std::erase_if(options, [app](const CLI::Option* option) {
-        return app->get_option_no_throw(nameOf(*option)) != nullptr ||
-               nameOf(*option) == "--version";
-      });
-      text = make_group("Options of every command", false, options).substr(1) + '\n';
+    const std::string example = tr("Example") + ":\n  " + app->get_footer() + '\n';
+    if (app->get_parent() == nullptr) {
+      return example + '\n' + tr("Words after -- are no options: %1", "brevant start -- -x") +
+             '\n' + tr("%1 tells more about a command.", "brevant help COMMAND") + '\n';
     }
-    return text + Formatter::make_footer(app);
+    const std::string text = programOptions(app) + '\n' + example;
+    if (app->get_require_subcommand_min() == 0) return text;
+    const std::string help = "brevant help " + app->get_name() + " COMMAND";
+    return text + '\n' + tr("%1 tells more about a command.", help) + '\n';
+  }
+
+ private:
+  // The parser's own row counts bytes, as no other language can be counted.
+  std::string row(const std::string& name, const std::string& description) const {
+    std::ostringstream out;
+    const std::size_t hidden = name.size() - displayWidth(name);
+    CLI::detail::format_help(out, name, description, get_column_width() + hidden);
+    return out.str();
+  }
+
+  std::string programOptions(const CLI::App* app) const {
+    const CLI::App* program = app->get_parent();
+    while (program->get_parent() != nullptr) program = program->get_parent();
+    std::vector<const CLI::Option*> options = optionsOf(*program);
+    std::erase_if(options, [app](const CLI::Option* option) {
+      return app->get_option_no_throw(nameOf(*option)) != nullptr || nameOf(*option) == "--version";
+    });
+    return make_group(marked("Options of every command"), false, options).substr(1);
   }
 };
 
@@ -63,7 +126,7 @@ std::string programAnd(const std::vector<std::string>& path) {
 
 std::string orNearest(const std::string& word, const std::vector<std::string>& known) {
   const std::string near = nearest(word, known);
-  return near.empty() ? "" : ": did you mean " + near + '?';
+  return near.empty() ? "" : ": " + tr("did you mean %1?", near);
 }
 
 std::vector<std::string> optionNames(const CLI::App& command) {
@@ -77,21 +140,25 @@ std::vector<std::string> optionNames(const CLI::App& command) {
 std::string unknownOption(const LineWalk& walk, const std::string& word) {
   const std::string name = word.starts_with("--") ? word.substr(0, word.find('=')) : word;
   std::string text =
-      "there is no option " + shellQuoted(name) + orNearest(name, optionNames(*walk.command));
+      tr("there is no option %1", shellQuoted(name)) + orNearest(name, optionNames(*walk.command));
   const auto places = placesOf(*walk.command);
   if (walk.words.size() < places.size()) {
-    text += "; a " + places[walk.words.size()]->get_name(true) +
-            " that begins with a dash stands after --: " + programAnd(walk.path) + " -- " +
-            shellQuoted(word);
+    text += "; " + tr("a %1 that begins with a dash stands after --: %2",
+                      places[walk.words.size()]->get_name(true),
+                      programAnd(walk.path) + " -- " + shellQuoted(word));
   }
   return text;
 }
 
 std::string unknownWord(const LineWalk& walk, const std::string& word) {
   const std::vector<std::string> known = commandNames(*walk.command);
-  if (known.empty()) return "one word too many for " + walk.path.back() + ": " + shellQuoted(word);
-  return (walk.path.empty() ? "there is" : walk.path.back() + " has") + " no command " +
-         shellQuoted(word) + orNearest(word, known);
+  if (known.empty()) {
+    return tr("one word too many for %1: %2", walk.path.back(), shellQuoted(word));
+  }
+  const std::string text = walk.path.empty()
+                               ? tr("there is no command %1", shellQuoted(word))
+                               : tr("%1 has no command %2", walk.path.back(), shellQuoted(word));
+  return text + orNearest(word, known);
 }
 
 }  // namespace
@@ -114,15 +181,33 @@ std::string strayText(const LineWalk& walk) {
     case Trouble::kUnknownOption:
       return unknownOption(walk, word);
     case Trouble::kNoValueTaken:
-      return word + " takes no value";
+      return tr("%1 takes no value", word);
     case Trouble::kTwice:
-      return word + " is given twice";
+      return tr("%1 is given twice", word);
   }
   return word;
 }
 
-std::string helpHint(const LineWalk& walk) {
-  return " (" + programAnd(walk.path) + " --help tells the usage)";
+std::string parseErrorText(const CLI::ParseError& error) {
+  const std::string text = error.what();
+  const auto without = [&text](std::string_view end) {
+    return text.substr(0, text.size() - end.size());
+  };
+  constexpr std::string_view kRequired = " is required";
+  constexpr std::string_view kExcludes = " excludes ";
+  const std::size_t bracket = text.find(']');
+  if (text.starts_with("Exactly 1 option from [") && bracket != std::string::npos) {
+    return tr("exactly one of %1 is required",
+              text.substr(text.find('[') + 1, bracket - text.find('[') - 1));
+  }
+  if (text.ends_with(kRequired)) return tr("%1 is required", without(kRequired));
+  const std::size_t at = text.find(kExcludes);
+  if (at == std::string::npos) return text;
+  return tr("%1 excludes %2", text.substr(0, at), text.substr(at + kExcludes.size()));
+}
+
+std::string withHelpHint(std::string_view what, const LineWalk& walk) {
+  return tr("%1 (%2 tells the usage)", what, programAnd(walk.path) + " --help");
 }
 
 std::string nearest(std::string_view word, std::span<const std::string> known) {

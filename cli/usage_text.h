@@ -6,12 +6,14 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "cli/line_walk.h"
 
 namespace CLI {
 class Formatter;
-}
+class ParseError;
+}  // namespace CLI
 
 namespace brevant {
 
@@ -25,8 +27,11 @@ std::string helpText(const LineWalk& walk);
 // that has one, with every command listed.
 std::string strayText(const LineWalk& walk);
 
-// For the end of a message: where the usage is told.
-std::string helpHint(const LineWalk& walk);
+// What the parser found wrong, in the user's language where it is one of the common faults.
+std::string parseErrorText(const CLI::ParseError& error);
+
+// The message, and where the usage is told.
+std::string withHelpHint(std::string_view what, const LineWalk& walk);
 
 // The one that was most likely meant; empty when none is near.
 std::string nearest(std::string_view word, std::span<const std::string> known);

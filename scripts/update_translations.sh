@@ -1,7 +1,7 @@
 #!/bin/sh
-# Brings resources/po up to date: brevant.pot holds the keys of keys.pot and every translate("…") of
-# the desktop host, and each language gets the new messages, still untranslated (English: as they
-# are written). Run it after adding or changing a text, then fill in the languages.
+# Brings resources/po up to date: brevant.pot holds the keys of keys.pot, every translate("…") of the
+# desktop host and every tr("…"), summary and option of the command line, and each language gets the
+# new messages, still untranslated (English: as they are written). Run it after adding or changing a text, then fill in the languages.
 # With --check it changes nothing, and fails where something is out of date or untranslated.
 # Needs gettext.
 set -eu
@@ -9,12 +9,36 @@ set -eu
 cd "$(dirname "$0")/.."
 po=resources/po
 
+# The functions of a command line's description, and where they have the text for people.
+usage_keywords() {
+    for text in command:2 group:2 flag:2 text:2 path:2 optionalText:2 word:2 optionalWord:2 \
+        optionalWordOr:3 number:2 set_help_flag:2 set_version_flag:3; do
+        echo "--keyword=$text"
+    done
+}
+
+# A translation must have the places %1, %2 … of its text.
+with_places() {
+    for text in translate:1 translatePlural:1 translatePlural:2 tr:1 trPlural:1 trPlural:2 marked:1; do
+        echo "--flag=$text:kde-format"
+    done
+}
+
+# Writes the texts of the folder $1 that stand behind the keywords $3… to the template $2.
+extract() {
+    sources=$1
+    template=$2
+    shift 2
+    find "$sources" -name '*.cc' | LC_ALL=C sort |
+        xgettext --files-from=- --language=C++ --kde --from-code=UTF-8 --keyword "$@" $(with_places) \
+            --add-comments=Translators: --add-location=file --force-po --output="$template"
+}
+
 # Writes the template into the folder $1.
 make_template() {
-    find desktop -name '*.cc' | LC_ALL=C sort |
-        xgettext --files-from=- --language=C++ --from-code=UTF-8 --keyword --keyword=translate --keyword=translatePlural:1,2 \
-            --add-comments=Translators: --add-location=file --force-po --output="$1/desktop.pot"
-    msgcat --use-first --add-location=file --output-file="$1/brevant.pot" "$po/keys.pot" "$1/desktop.pot"
+    extract desktop "$1/desktop.pot" --keyword=translate --keyword=translatePlural:1,2
+    extract cli "$1/cli.pot" --keyword=tr --keyword=trPlural:1,2 --keyword=marked $(usage_keywords)
+    msgcat --use-first --add-location=file --output-file="$1/brevant.pot" "$po/keys.pot" "$1/desktop.pot" "$1/cli.pot"
 }
 
 # Writes the language file $2, merged with the template, to $3.

@@ -1,35 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/bundle.h"
 
-#include <clocale>
-#include <cstdlib>
 #include <libintl.h>
 #include <mutex>
 #include <string_view>
 
+#include "platform/linux/translations.h"
+
 namespace brevant {
 namespace {
 
-constexpr const char* kDomain = "brevant";
 constexpr std::string_view kSuffix = ".png";
-
-std::string firstSet(std::initializer_list<const char*> names) {
-  for (const char* name : names) {
-    const char* const value = std::getenv(name);
-    if (value && *value != '\0') return value;
-  }
-  return "";
-}
-
-// The user's languages, the preferred first, separated by colons. English stands last, so that a
-// text is never shown as its bare key.
-std::string preferredLanguages() {
-  const std::string locale = firstSet({"LC_ALL", "LC_MESSAGES", "LANG"});
-  if (locale == "C" || locale == "POSIX") return "en";
-  const std::string languages = firstSet({"LANGUAGE"});
-  if (!languages.empty()) return languages + ":en";
-  return locale.empty() || locale.starts_with("C.") ? "en" : locale + ":en";
-}
 
 class ResourceFolder : public Bundle {
  public:
@@ -51,14 +32,14 @@ class ResourceFolder : public Bundle {
 
   std::string localizedString(const std::string& key) const override {
     openTranslations();
-    return key.empty() ? "" : dgettext(kDomain, key.c_str());
+    return key.empty() ? "" : dgettext(kTranslations, key.c_str());
   }
 
   std::string localizedPlural(const std::string& key, long number) const override {
     openTranslations();
     const auto bits = static_cast<unsigned long>(number);
     const unsigned long count = number < 0 ? 0 - bits : bits;
-    return key.empty() ? "" : dngettext(kDomain, key.c_str(), key.c_str(), count);
+    return key.empty() ? "" : dngettext(kTranslations, key.c_str(), key.c_str(), count);
   }
 
  private:
@@ -71,15 +52,8 @@ class ResourceFolder : public Bundle {
     return std::make_shared<const Image>(std::move(named));
   }
 
-  // The C library translates only in a locale that the system has generated, and many have none.
-  // C.UTF-8 is built in, and in it $LANGUAGE decides alone.
   void openTranslations() const {
-    std::call_once(opened_, [this] {
-      setenv("LANGUAGE", preferredLanguages().c_str(), 1);
-      std::setlocale(LC_MESSAGES, "C.UTF-8");
-      bindtextdomain(kDomain, translations_.c_str());
-      bind_textdomain_codeset(kDomain, "UTF-8");
-    });
+    std::call_once(opened_, [this] { brevant::openTranslations(translations_); });
   }
 
   const std::string images_;
