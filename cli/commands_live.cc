@@ -96,16 +96,22 @@ ExitCode list(Context& context, bool endedToo) {
   return ExitCode::kDone;
 }
 
+ExitCode changed(Context& context, const std::string& id,
+                 const std::optional<LiveActivityError>& error) {
+  if (!error) return context.done();
+  const bool isGone = error->kind == LiveActivityError::Kind::kNotRunning;
+  return context.refuse(isGone ? tr("there is no running Live Activity %1", id) : error->message);
+}
+
 ExitCode update(Context& context, const std::string& id) {
   const auto coded = codedInput(context);
   if (const auto* error = std::get_if<Unreadable>(&coded)) return context.refuse(error->why);
-  const auto error = context.platform.liveActivities.update(id, std::get<std::string>(coded));
-  return error ? context.refuse(error->message) : context.done();
+  return changed(context, id,
+                 context.platform.liveActivities.update(id, std::get<std::string>(coded)));
 }
 
 ExitCode end(Context& context, const std::string& id) {
-  const auto error = context.platform.liveActivities.end(id, DismissalPolicy::kImmediate);
-  return error ? context.refuse(error->message) : context.done();
+  return changed(context, id, context.platform.liveActivities.end(id, DismissalPolicy::kImmediate));
 }
 
 std::variant<LiveActivity, LiveActivityError> chosen(const Context& context,

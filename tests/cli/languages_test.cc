@@ -54,6 +54,7 @@ TEST_F(Languages, TranslateAnswersRefusalsAndUsage) {
             "brevant: nichts wurde geändert: es gibt keine laufende oder pausierte Aktivität B\n");
   EXPECT_EQ(run({"start"}).err,
             "brevant: CATEGORY ist nötig (brevant start --help sagt, wie es geht)\n");
+  EXPECT_EQ(run({"live", "end", "L"}).err, "brevant: es gibt keine laufende Live-Aktivität L\n");
   const std::string help = run({"start", "--help"}).out;
   EXPECT_TRUE(holds(help, "GUID oder Name einer Kategorie")) << help;
   EXPECT_TRUE(holds(help, "\nBeispiel:\n  brevant start Reading\n")) << help;
