@@ -69,9 +69,12 @@ ExitCode printTimeline(Context& context) {
 
 ExitCode printEntry(Context& context, const StaticConfiguration& widget,
                     const WidgetContent& entry) {
-  context.print(context.options.json
-                    ? entryJson(widget, entry, context.options.colorScheme, context.platform.images)
-                    : textOf(entry, context));
+  const GlobalOptions& options = context.options;
+  if (options.json) {
+    context.print(entryJson(widget, entry, options.colorScheme, context.platform.images));
+  } else {
+    context.print(textOf(entry, context));
+  }
   return ExitCode::kDone;
 }
 

@@ -36,8 +36,8 @@ Context::Context(GlobalOptions globalOptions, std::vector<std::string> words,
 Context::~Context() = default;
 
 void Context::printLine(std::string_view text) {
-  answer_ += text;
-  answer_ += '\n';
+  answer_.add(text);
+  answer_.add("\n");
 }
 
 void Context::warn(std::string_view message) const {
@@ -81,7 +81,7 @@ ExitCode Context::doneReading() {
 }
 
 ExitCode Context::deliverAnswer(ExitCode code) {
-  if (writeAnswer(std::exchange(answer_, {}))) return code;
+  if (std::exchange(answer_, {}).write()) return code;
   const bool isDone = code == ExitCode::kDone && !options.onlyAsks;
   return refuse(isDone ? tr("it is done, but the answer could not be written")
                        : tr("the answer could not be written"));

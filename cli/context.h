@@ -4,8 +4,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "cli/answer.h"
 #include "cli/exit_code.h"
 #include "cli/global_options.h"
 #include "cli/store_report.h"
@@ -29,7 +31,8 @@ class Context {
   Context(const Context&) = delete;
   Context& operator=(const Context&) = delete;
 
-  void print(std::string_view text) { answer_ += text; }
+  void print(std::string_view text) { answer_.add(text); }
+  void print(Answer answer) { answer_.add(std::move(answer)); }
   void printLine(std::string_view text);
 
   // One line on stderr, in which nothing can play tricks on a terminal.
@@ -66,7 +69,7 @@ class Context {
   const std::string container;  // as it was asked for; relative to the working directory
 
  private:
-  std::string answer_;
+  Answer answer_;
   LinuxPlatform services_;
 
  public:

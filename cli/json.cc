@@ -4,7 +4,11 @@
 namespace brevant {
 
 std::string printed(const Json& json) {
-  return json.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n';
+  return compact(json) + '\n';
+}
+
+std::string compact(const Json& json) {
+  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 }  // namespace brevant

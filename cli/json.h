@@ -25,4 +25,7 @@ inline Json orNull(const std::optional<Date>& date) {
 // One line of JSON. Bytes that are no UTF-8 become U+FFFD; a number that is none becomes null.
 std::string printed(const Json& json);
 
+// The same without the line end.
+std::string compact(const Json& json);
+
 }  // namespace brevant

@@ -2,6 +2,7 @@
 #include "cli/json_widget.h"
 
 #include "cli/json.h"
+#include "cli/pictures.h"
 #include "cli/view_json.h"
 #include "platform/linux/json_check.h"
 
@@ -29,17 +30,22 @@ Json json(const BundledWidget& widget) {
           {"families", std::move(families)}};
 }
 
+// The PNG of each image, in base64.
+PixelArchiver pixelsIn(Pictures& pictures) {
+  return [&pictures](const ImageRef& image) { return pictures.png(image); };
+}
+
 Json json(const StaticConfiguration& widget, const WidgetContent& entry, ColorScheme colorScheme,
-          const ImageCodec& codec) {
+          const PixelArchiver& pixels) {
   Json views = Json::object();
   for (const WidgetFamily family : widget.supportedFamilies) {
     views[std::string(name(family))] =
-        archivedView(widget.content(entry, {colorScheme, family}), codec);
+        archivedView(widget.content(entry, {colorScheme, family}), pixels);
   }
   return {{"guid", entry.guid},
           {"date", secondsSince1970(entry.date)},
           {"name", entry.name},
-          {"icon", archivedImage(entry.icon, codec)},
+          {"icon", archivedImage(entry.icon, pixels)},
           {"start", secondsSince1970(entry.start)},
           {"duration", entry.duration},
           {"views", std::move(views)}};
@@ -60,20 +66,23 @@ std::string widgetsJson(const std::vector<BundledWidget>& widgets) {
   return printed(list);
 }
 
-std::string timelineJson(const StaticConfiguration& widget,
-                         const std::optional<Timeline<WidgetContent>>& timeline,
-                         ColorScheme colorScheme, const ImageCodec& codec) {
-  if (!timeline) return printed(nullptr);
+Answer timelineJson(const StaticConfiguration& widget,
+                    const std::optional<Timeline<WidgetContent>>& timeline, ColorScheme colorScheme,
+                    const ImageCodec& codec) {
+  Pictures pictures(codec);
+  if (!timeline) return pictures.printed(nullptr);
   Json entries = Json::array();
   for (const WidgetContent& entry : timeline->entries) {
-    entries.push_back(json(widget, entry, colorScheme, codec));
+    entries.push_back(json(widget, entry, colorScheme, pixelsIn(pictures)));
   }
-  return printed({{"kind", widget.kind}, {"policy", "atEnd"}, {"entries", std::move(entries)}});
+  return pictures.printed(
+      {{"kind", widget.kind}, {"policy", "atEnd"}, {"entries", std::move(entries)}});
 }
 
-std::string entryJson(const StaticConfiguration& widget, const WidgetContent& entry,
-                      ColorScheme colorScheme, const ImageCodec& codec) {
-  return printed(json(widget, entry, colorScheme, codec));
+Answer entryJson(const StaticConfiguration& widget, const WidgetContent& entry,
+                 ColorScheme colorScheme, const ImageCodec& codec) {
+  Pictures pictures(codec);
+  return pictures.printed(json(widget, entry, colorScheme, pixelsIn(pictures)));
 }
 
 std::string liveActivitiesJson(const std::vector<LiveActivity>& activities) {
@@ -91,23 +100,23 @@ std::string liveActivityIdJson(const std::string& id) {
   return printed({{"id", id}});
 }
 
-std::string presentationJson(const std::string& kind, const LiveActivity& activity,
-                             const LiveActivityPresentation& presentation,
-                             const ImageCodec& codec) {
+Answer presentationJson(const std::string& kind, const LiveActivity& activity,
+                        const LiveActivityPresentation& presentation, const ImageCodec& codec) {
   const DynamicIsland& island = presentation.dynamicIsland;
-  const auto view = [&codec](const View& tree) { return archivedView(tree, codec); };
-  return printed({{"kind", kind},
-                  {"id", activity.id},
-                  {"contentState", contentState(activity)},
-                  {"lockScreen", view(presentation.lockScreen)},
-                  {"dynamicIsland",
-                   {{"expanded",
-                     {{"leading", view(island.expanded.leading)},
-                      {"trailing", view(island.expanded.trailing)},
-                      {"bottom", view(island.expanded.bottom)}}},
-                    {"compactLeading", view(island.compactLeading)},
-                    {"compactTrailing", view(island.compactTrailing)},
-                    {"minimal", view(island.minimal)}}}});
+  Pictures pictures(codec);
+  const auto view = [&](const View& tree) { return archivedView(tree, pixelsIn(pictures)); };
+  return pictures.printed({{"kind", kind},
+                           {"id", activity.id},
+                           {"contentState", contentState(activity)},
+                           {"lockScreen", view(presentation.lockScreen)},
+                           {"dynamicIsland",
+                            {{"expanded",
+                              {{"leading", view(island.expanded.leading)},
+                               {"trailing", view(island.expanded.trailing)},
+                               {"bottom", view(island.expanded.bottom)}}},
+                             {"compactLeading", view(island.compactLeading)},
+                             {"compactTrailing", view(island.compactTrailing)},
+                             {"minimal", view(island.minimal)}}}});
 }
 
 }  // namespace brevant

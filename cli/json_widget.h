@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/answer.h"
 #include "live/live_activity_widget.h"
 #include "platform/environment.h"
 #include "platform/image_codec.h"
@@ -20,15 +21,15 @@ namespace brevant {
 std::string widgetsJson(const std::vector<BundledWidget>& widgets);
 
 // "null" for a timeline that was not delivered.
-std::string timelineJson(const StaticConfiguration& widget,
-                         const std::optional<Timeline<WidgetContent>>& timeline,
-                         ColorScheme colorScheme, const ImageCodec& codec);
-std::string entryJson(const StaticConfiguration& widget, const WidgetContent& entry,
-                      ColorScheme colorScheme, const ImageCodec& codec);
+Answer timelineJson(const StaticConfiguration& widget,
+                    const std::optional<Timeline<WidgetContent>>& timeline, ColorScheme colorScheme,
+                    const ImageCodec& codec);
+Answer entryJson(const StaticConfiguration& widget, const WidgetContent& entry,
+                 ColorScheme colorScheme, const ImageCodec& codec);
 
 std::string liveActivitiesJson(const std::vector<LiveActivity>& activities);
 std::string liveActivityIdJson(const std::string& id);
-std::string presentationJson(const std::string& kind, const LiveActivity& activity,
-                             const LiveActivityPresentation& presentation, const ImageCodec& codec);
+Answer presentationJson(const std::string& kind, const LiveActivity& activity,
+                        const LiveActivityPresentation& presentation, const ImageCodec& codec);
 
 }  // namespace brevant

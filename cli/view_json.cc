@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "cli/view_json.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -128,22 +126,6 @@ Json archived(const Color& color) {
                        {"alpha", number(parts.back())}});
 }
 
-std::string base64(std::span<const std::uint8_t> bytes) {
-  constexpr std::string_view kDigits =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  std::string text;
-  text.reserve((bytes.size() + 2) / 3 * 4);
-  for (std::size_t i = 0; i < bytes.size(); i += 3) {
-    const std::size_t count = std::min<std::size_t>(3, bytes.size() - i);
-    std::uint32_t group = 0;
-    for (std::size_t j = 0; j < 3; ++j) group = group << 8U | (j < count ? bytes[i + j] : 0U);
-    for (std::size_t j = 0; j < 4; ++j) {
-      text += j <= count ? kDigits[group >> (18U - 6U * j) & 63U] : '=';
-    }
-  }
-  return text;
-}
-
 // --- Modifiers: each answers an object of its one key ---
 
 struct ModifierArchiver {
@@ -209,7 +191,7 @@ struct ModifierArchiver {
 // --- Nodes ---
 
 struct NodeArchiver {
-  const ImageCodec& codec;
+  const PixelArchiver& pixels;
 
   Json operator()(const Text& text) const {
     return Json::object({{"view", "Text"}, {"text", text.text}});
@@ -219,7 +201,7 @@ struct NodeArchiver {
         {{"view", "Text"}, {"date", secondsSince1970(text.date)}, {"style", name(text.style)}});
   }
   Json operator()(const Picture& picture) const {
-    Json json = Json::object({{"view", "Image"}, {"image", archivedImage(picture.image, codec)}});
+    Json json = Json::object({{"view", "Image"}, {"image", archivedImage(picture.image, pixels)}});
     if (!picture.image->name.empty()) json["name"] = picture.image->name;
     return json;
   }
@@ -247,12 +229,12 @@ struct NodeArchiver {
   }
 
  private:
-  Json child(const Child& view) const { return archivedView(*view, codec); }
+  Json child(const Child& view) const { return archivedView(*view, pixels); }
 
   template <typename Stack>
   Json archivedStack(const char* type, const Stack& stack) const {
     Json children = Json::array();
-    for (const View& each : stack.children) children.push_back(archivedView(each, codec));
+    for (const View& each : stack.children) children.push_back(archivedView(each, pixels));
     return Json::object({{"view", type},
                          {"alignment", name(stack.layout.alignment)},
                          {"spacing", number(stack.layout.spacing)},
@@ -262,8 +244,8 @@ struct NodeArchiver {
 
 }  // namespace
 
-Json archivedView(const View& view, const ImageCodec& codec) {
-  Json json = std::visit(NodeArchiver{codec}, view.node);
+Json archivedView(const View& view, const PixelArchiver& pixels) {
+  Json json = std::visit(NodeArchiver{pixels}, view.node);
   if (view.modifiers.empty()) return json;
   Json& modifiers = json["modifiers"] = Json::array();
   for (const Modifier& modifier : view.modifiers) {
@@ -272,13 +254,12 @@ Json archivedView(const View& view, const ImageCodec& codec) {
   return json;
 }
 
-Json archivedImage(const ImageRef& image, const ImageCodec& codec) {
+Json archivedImage(const ImageRef& image, const PixelArchiver& pixels) {
   if (!image) return nullptr;
   Json json = Json::object({{"width", number(image->width())},
                             {"height", number(image->height())},
                             {"scale", number(image->scale)}});
-  const auto png = codec.encodePng(*image);
-  json["png"] = png ? Json(base64(*png)) : Json(nullptr);
+  json["png"] = pixels(image);
   if (!image->name.empty()) json["name"] = image->name;
   return json;
 }

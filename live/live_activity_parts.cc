@@ -12,10 +12,6 @@
 namespace brevant {
 namespace {
 
-View square(const ImageRef& picture, double side) {
-  return image(picture).resizable().frame({.width = side, .height = side});
-}
-
 View imageControl(const Platform& platform, const ContentState& state, const char* operation,
                   DeepLinkAction action, const std::string& imageName, double side) {
   return control(platform.process.systemVersion(),
@@ -26,14 +22,18 @@ View imageControl(const Platform& platform, const ContentState& state, const cha
 
 }  // namespace
 
-View activityIcon(const WidgetManager& manager, const ContentState& state, double side) {
+View square(const ImageRef& picture, double side) {
+  return image(picture).resizable().frame({.width = side, .height = side});
+}
+
+ImageRef activityIcon(const WidgetManager& manager, const ContentState& state) {
   if (state.color > std::numeric_limits<std::int32_t>::max()) {
     fatalError("the Live Activity's color " + std::to_string(state.color) +
                " is beyond a signed 32-bit integer");
   }
-  const ImageRef icon = manager.imageForGuid(state.icon, state.color);
+  ImageRef icon = manager.imageForGuid(state.icon, state.color);
   if (!icon) fatalError("the Live Activity's icon has no image");
-  return square(icon, side);
+  return icon;
 }
 
 View timerText(const ContentState& state) {

@@ -12,9 +12,13 @@
 
 namespace brevant {
 
-// The category's icon, `side` by `side` points. A missing image, and a colour beyond a signed
-// 32-bit integer, is a fatal error: the main application never sends such values.
-View activityIcon(const WidgetManager& manager, const ContentState& state, double side);
+// The category's icon, looked up once for all places that show it: it may have megabytes. A missing
+// image, and a colour beyond a signed 32-bit integer, is a fatal error: the main application never
+// sends such values.
+ImageRef activityIcon(const WidgetManager& manager, const ContentState& state);
+
+// A picture, `side` by `side` points.
+View square(const ImageRef& picture, double side);
 
 // The time since the start, as the system counts it.
 View timerText(const ContentState& state);

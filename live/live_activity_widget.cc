@@ -11,11 +11,13 @@ LiveActivityWidget::LiveActivityWidget(const Platform& platform)
 
 LiveActivityPresentation LiveActivityWidget::body(const ContentState& state,
                                                   ColorScheme colorScheme) const {
-  const LockScreenLiveActivityView lockScreen{colorScheme, state, *activityManager_};
-  return {lockScreen.body(platform_), dynamicIsland(state)};
+  const ImageRef icon = activityIcon(*activityManager_, state);
+  const LockScreenLiveActivityView lockScreen{colorScheme, state, icon};
+  return {lockScreen.body(platform_), dynamicIsland(state, icon)};
 }
 
-DynamicIsland LiveActivityWidget::dynamicIsland(const ContentState& state) const {
+DynamicIsland LiveActivityWidget::dynamicIsland(const ContentState& state,
+                                                const ImageRef& picture) const {
   const View timer = invalidatable(timerText(state)
                                        .font(TextStyle::kTitle)
                                        .monospacedDigit()
@@ -33,10 +35,10 @@ DynamicIsland LiveActivityWidget::dynamicIsland(const ContentState& state) const
 
   const View category =
       label(text(state.typeName).font(TextStyle::kBody).lineLimit(1).minimumScaleFactor(0.7),
-            activityIcon(*activityManager_, state, 16))
+            square(picture, 16))
           .padding();
 
-  const View icon = activityIcon(*activityManager_, state, 20);
+  const View icon = square(picture, 20);
   return {
       .expanded = {.leading = timer, .trailing = controls, .bottom = category},
       .compactLeading = hstack({text("  "), icon, text(state.typeName)}),

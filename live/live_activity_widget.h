@@ -44,7 +44,8 @@ class LiveActivityWidget {
                                               ColorScheme colorScheme) const;
 
  private:
-  [[nodiscard]] DynamicIsland dynamicIsland(const ContentState& state) const;
+  [[nodiscard]] DynamicIsland dynamicIsland(const ContentState& state,
+                                            const ImageRef& picture) const;
 
   Platform platform_;
   std::unique_ptr<WidgetManager> activityManager_;

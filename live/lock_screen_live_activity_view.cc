@@ -28,9 +28,9 @@ View controls(const Platform& platform, const ContentState& state, ColorScheme c
       });
 }
 
-View category(const ContentState& state, const WidgetManager& manager) {
+View category(const ContentState& state, const ImageRef& icon) {
   return label(text(state.typeName).font(TextStyle::kTitle3).lineLimit(1).minimumScaleFactor(0.5),
-               activityIcon(manager, state, 20));
+               square(icon, 20));
 }
 
 View startTime(const Bundle& bundle, const ContentState& state) {
@@ -49,7 +49,7 @@ View LockScreenLiveActivityView::body(const Platform& platform) const {
   return vstack({
                     topSpace,
                     hstack({timer(platform, state), controls(platform, state, colorScheme)}),
-                    hstack({category(state, activityManager), startTime(platform.bundle, state)}),
+                    hstack({category(state, icon), startTime(platform.bundle, state)}),
                 })
       .padding({.leading = 16, .bottom = 10, .trailing = 10});
 }

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "live/activity_attribute.h"
-#include "manager/widget_manager.h"
 #include "platform/environment.h"
+#include "platform/image.h"
 #include "platform/platform.h"
 #include "platform/view.h"
 
@@ -13,7 +13,7 @@ namespace brevant {
 struct LockScreenLiveActivityView {
   ColorScheme colorScheme = ColorScheme::kLight;
   ContentState state;
-  const WidgetManager& activityManager;  // for the icon
+  ImageRef icon;  // never null
 
   [[nodiscard]] View body(const Platform& platform) const;
 };

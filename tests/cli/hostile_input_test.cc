@@ -64,6 +64,9 @@ std::string sixteenMegapixels() {
   Silhouette::Coverage coverage(std::size_t{kSide} * kSide);
   for (std::size_t i = 0; i < coverage.size(); ++i) coverage[i] = static_cast<std::uint8_t>(i / 99);
   image.silhouette = {std::make_shared<const Silhouette::Coverage>(std::move(coverage)), {}};
+  for (std::size_t i = 0; i < 256; ++i) {
+    image.silhouette->palette[i][3] = static_cast<std::uint8_t>(i);
+  }
   const auto png = makeImageCodec()->encodePng(image);
   return {png->begin(), png->end()};
 }
@@ -84,9 +87,12 @@ struct Hostile {
 
 const std::vector<std::string> kIcon{"icon", "cat_7", "--color", "255", "-o", "/dev/null"};
 const std::vector<std::string> kOwnIcon{"icon", kGuid, "--color", "255", "-o", "/dev/null"};
+const std::vector<std::vector<std::string>> kPictures{
+    kOwnIcon, {"timeline", "--json"}, {"live", "show", "--json"}};
 const std::vector<std::vector<std::string>> kCoded{{"live", "decode"}, {"live", "start"}};
 
 const Hostile kInputs[] = {
+    {"large icon", kPicture, sixteenMegapixels, kPictures, 0, ""},
     {"deep registry", kRegistry, deep, {{"live", "end", "X"}}, 1, "more than 64 levels"},
     {"large registry", kRegistry, large, {{"live", "end", "X"}}, 1, "larger than 1024 KiB"},
     {"deep reminders", kReminders, deep, {{"reminders", "cancel"}}, 1, "more than 64 levels"},
@@ -99,7 +105,6 @@ const Hostile kInputs[] = {
     {"list of itself", kSettings, selfReferring, {{"activities"}, {"status"}}, 0, ""},
     {"shared data", kCached, sharing, {kIcon}, 0, ""},
     {"claiming chunk", kPicture, claiming, {kOwnIcon}, 1, "no icon"},
-    {"large icon", kPicture, sixteenMegapixels, {kOwnIcon, {"timeline", "--json"}}, 0, ""},
 };
 
 using HostileInput = Cli;
@@ -108,6 +113,7 @@ TEST_F(HostileInput, IsToldInOneLineAndLeftAsItWas) {
   addCategory("C", "Code");
   addActivity("A", "C", 1, "1699990000");
   database.run(std::string("UPDATE categories SET image_guid = '") + kGuid + "'");
+  EXPECT_EQ(run({"live", "start", "--activity", "A"}).exitCode, 0);
   for (const Hostile& each : kInputs) {
     const std::string contents = each.contents();
     if (each.file != nullptr) write(each.file, contents);

@@ -2,7 +2,6 @@
 #include "tests/support/view_outline.h"
 
 #include "cli/view_json.h"
-#include "tests/support/fake_platform.h"
 
 namespace brevant::test {
 namespace {
@@ -46,7 +45,7 @@ std::string lines(const Json& node, const std::string& indent) {
 }  // namespace
 
 std::string outline(const View& view) {
-  return lines(archivedView(view, FakeImageCodec()), "");
+  return lines(archivedView(view, [](const ImageRef&) { return nullptr; }), "");
 }
 
 }  // namespace brevant::test
