@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # Fails each system call of each change, and kills the program at each, then compares what was told
 # with what is stored: exit 0 only for the change, 1 only for the log as it was, nothing between.
-# Prints a table and exits 1 on any loss. Takes minutes, so that the checks do not run it.
+# Then lets eight programs change one log at once. Prints a table and exits 1 on any loss. Takes the
+# better part of an hour, so that the checks do not run it.
 #   scripts/sweep_faults.sh [MODE ...]     journal modes; default: delete truncate persist wal
-# $BREVANT names the program (default: that of the dev build); needs strace and sqlite3.
+# $BREVANT names the program (default: that of the dev build), $DOOR a single change to try ("pause A");
+# needs strace, sqlite3 and python3.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -16,6 +18,8 @@ faults=(EIO EIO+ ENOSPC ENOSPC+ EINTR KILL)
 link='brevant:///widget?type=running&action=pause&activity=A'
 doors=("pause A" "stop A" "resume B" "start C" "intent StopActivityIntent A stop"
     "intent StopActivityLiveIntent A pause" "open $link")
+
+[ -z "${DOOR:-}" ] || doors=("$DOOR")
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -98,5 +102,8 @@ for mode in "${modes[@]}"; do
         total=$((total + losses))
         printf '%-9s %-46s %6d %6d\n' "$mode" "${door:0:46}" "$runs" "$losses"
     done
+done
+for mode in "${modes[@]}"; do
+    scripts/meeting_writers.py "$program" "$mode" "$work" || total=$((total + 1))
 done
 [ "$total" = 0 ] || exit 1
