@@ -100,7 +100,9 @@ std::optional<std::string> troubleWithIntent(Context& context, const std::string
   if (auto missing = missingDatabase(context.platform.files)) return nothingChanged(*missing);
   if (auto trouble = troubleWithChange(context)) return trouble;
   if (context.store.end() || (operation != "stop" && operation != "pause")) return std::nullopt;
-  if (context.openManager()->dao->hasActivity(activityId) != true) return std::nullopt;
+  const std::optional<bool> isThere = context.openManager()->dao->hasActivity(activityId);
+  if (isThere == false) return std::nullopt;
+  if (!isThere) return troubleWithChange(context);
   return nothingChanged(tr("the activity %1 is not running or paused", activityId));
 }
 

@@ -5,6 +5,8 @@
 #include <QBuffer>
 #include <QDateTime>
 #include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
 #include <QFontMetrics>
 #include <QImage>
 #include <QProcess>
@@ -127,13 +129,27 @@ QImage rendered(QWidget& card, double scale) {
   return image;
 }
 
+// Something that is no file, as the terminal, is written to where it is.
+bool saveIntoDevice(const QByteArray& png, const QString& name, QString& error) {
+  QFile device(name);
+  const bool saved =
+      device.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && device.write(png) == png.size();
+  if (!saved) error = name + u": "_s + device.errorString();
+  return saved;
+}
+
 // Encoded first, so that what is left to fail is the file alone.
 bool save(const QImage& image, const QString& name, QString& error) {
   QByteArray png;
   QBuffer encoded(&png);
+  const bool isEncoded = image.save(&encoded, "PNG");
+  const QFileInfo target(name);
+  if (isEncoded && target.exists() && !target.isFile() && !target.isDir()) {
+    return saveIntoDevice(png, name, error);
+  }
   QSaveFile file(name);
-  bool saved = image.save(&encoded, "PNG") && file.open(QIODevice::WriteOnly) &&
-               file.write(png) == png.size() && file.flush();
+  bool saved =
+      isEncoded && file.open(QIODevice::WriteOnly) && file.write(png) == png.size() && file.flush();
   // At a full disk or a limit the toolkit takes a part that was written for the whole.
   const bool isCut = saved && file.size() != png.size();
   saved = saved && !isCut && file.commit();

@@ -92,8 +92,20 @@ bool readsAll(sqlite3* connection, const std::string& sql) {
 // A view without end is to end all the same. Counted, as the clock is not ours to read: some
 // seconds of work.
 int stop(void* looks) {
-  constexpr int kMost = 50'000;
+  constexpr int kMost = 10'000;
   return ++*static_cast<int*>(looks) > kMost ? 1 : 0;
+}
+
+// Only a damaged file is to be restored; one that is locked, or has a view without end, is not.
+void fail(sqlite3* connection, DatabaseReport& report) {
+  const int code = sqlite3_errcode(connection);
+  const bool isDamaged = code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
+  (isDamaged ? report.damage : report.unreadable) = sqlite3_errmsg(connection);
+}
+
+// Runs a query and forgets its rows, of which there may be very many.
+bool runs(sqlite3* connection, const char* sql) {
+  return sqlite3_exec(connection, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
 }  // namespace
@@ -107,11 +119,12 @@ DatabaseReport checkDatabase(const std::string& path) {
   sqlite3_busy_timeout(handle, kWait);
   int looks = 0;
   sqlite3_progress_handler(handle, kStepsBetweenLooks, stop, &looks);
-  // Nothing is read before the first query.
-  if (opened != SQLITE_OK || !query(handle, "SELECT count(*) FROM sqlite_master")) {
-    const int code = sqlite3_errcode(handle);
-    const bool isDamaged = code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
-    (isDamaged ? report.damage : report.unreadable) = sqlite3_errmsg(handle);
+  sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kMaxValueSize);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  // Nothing is read before the first query; the transaction holds what it found for the others.
+  if (opened != SQLITE_OK || !runs(handle, "BEGIN; SELECT count(*) FROM sqlite_master")) {
+    fail(handle, report);
     return report;
   }
   for (const Table& table : expectedTables()) {
@@ -121,13 +134,13 @@ DatabaseReport checkDatabase(const std::string& path) {
   if (mode && !mode->empty()) report.journalMode = mode->front();
   const auto integrity = query(handle, "PRAGMA integrity_check(1)");
   if (!integrity || integrity->empty()) {
-    report.damage = sqlite3_errmsg(handle);
+    fail(handle, report);
   } else if (integrity->front() != "ok") {
     report.damage = integrity->front();
   }
-  if (report.damage || !report.missing.empty()) return report;
+  if (report.damage || report.unreadable || !report.missing.empty()) return report;
   for (const Query& each : kQueries) {
-    if (!query(handle, each.sql)) report.unreadable = sqlite3_errmsg(handle);
+    if (!runs(handle, each.sql)) fail(handle, report);
     if (!report.unreadable && each.index != nullptr && readsAll(handle, each.sql)) {
       report.slow.emplace_back(each.index);
     }

@@ -272,7 +272,7 @@ void FMDatabase::fail(StatementFailure failure) {
   const std::vector<std::string> lines = logLines(failure);
   for (const std::string& line : lines) report(line);
   if (listener_) listener_(std::move(failure));
-  if (crashOnErrors) fatalError(lines.front());
+  if (crashOnErrors) fatalError(lines.empty() ? "a change did not reach its row" : lines.front());
 }
 
 std::string FMDatabase::description() const {

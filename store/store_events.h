@@ -77,7 +77,7 @@ using StoreEvent = std::variant<StatementFailure, TransactionEnd, FlagNotRaised>
 // store itself. May be empty.
 using StoreListener = std::function<void(const StoreEvent&)>;
 
-// The lines for the system log, the reason first.
+// The lines for the system log, the reason first; none for what SQLite calls no failure.
 [[nodiscard]] std::vector<std::string> logLines(const StatementFailure& failure);
 
 }  // namespace brevant

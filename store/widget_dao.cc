@@ -52,6 +52,8 @@ constexpr std::string_view kFindActivity = "SELECT 1 FROM logs WHERE guid = ?";
 constexpr std::string_view kFindVisible = "SELECT 1 FROM logs WHERE guid = ? AND is_deleted = 0";
 constexpr std::string_view kFindChange =
     "SELECT 1 FROM logs WHERE guid = ? AND state = ? AND start_date IS ?";
+constexpr std::string_view kFindChangeOfThen =
+    "SELECT 1 FROM logs WHERE guid = ? AND state = ? AND start_date IS ? AND updated_on = ?";
 constexpr std::string_view kFindInterval = "SELECT 1 FROM time_intervals WHERE guid = ?";
 
 // The intervals of one query, which stay in their places.
@@ -88,6 +90,7 @@ TypeList WidgetDAO::findTypes() const {
   std::vector<std::unique_ptr<WidgetType>> types;
   const auto row = db ? db->executeQuery(kSelectTypes) : nullptr;
   while (row && row->next()) types.push_back(WidgetType::typeFromResultSet(*row));
+  if (transaction_ && (!row || row->failed())) transaction_->fail();
   return sharedTypes(std::move(types));
 }
 
@@ -131,18 +134,21 @@ WidgetDAO::Rows<ActivityList> WidgetDAO::activities() const {
 
 WidgetDAO::Rows<IntervalList> WidgetDAO::intervals(
     const std::optional<std::string>& activityGuid) const {
-  // A few allocations for all rather than one each: there can be very many.
-  const auto block = std::make_shared<IntervalBlock>();
-  std::pmr::deque<WidgetInterval>* const records = &block->records;
   const Argument guid(activityGuid);
   const auto row = db->executeQuery(kSelectIntervals, std::span(&guid, 1));
+  // A few allocations for all rather than one each: there can be very many. Or none.
+  std::shared_ptr<IntervalBlock> block;
   if (row) {
     WidgetInterval::Reader reader(*row, platform_.settings);
-    while (row->next()) reader.read(records->emplace_back());
+    while (row->next()) {
+      if (!block) block = std::make_shared<IntervalBlock>();
+      reader.read(block->records.emplace_back());
+    }
   }
   Rows<IntervalList> result{{}, !row || row->failed()};
-  result.list.reserve(records->size());
-  for (WidgetInterval& each : *records) result.list.emplace_back(block, &each);
+  if (!block) return result;
+  result.list.reserve(block->records.size());
+  for (WidgetInterval& each : block->records) result.list.emplace_back(block, &each);
   return result;
 }
 
@@ -202,7 +208,7 @@ void WidgetDAO::insertInterval(Transaction& transaction, const WidgetActivity& a
 // A statement can go well and write nothing: the guid's index is damaged, or a trigger undoes it.
 void WidgetDAO::finish(Transaction& transaction, ActivityWrite write) {
   if (transaction.isOpen() && !transaction.hasFailed()) {
-    std::optional<bool> stored = rowIsStored(write);
+    std::optional<bool> stored = rowIsStored(write, Moment::kBeforeCommit);
     if (stored == true && write.newInterval) stored = intervalIsStored(write);
     if (stored == false) {
       db->fail({.step = StatementFailure::Step::kRowNotWritten,
@@ -233,15 +239,16 @@ std::optional<bool> WidgetDAO::intervalIsStored(const ActivityWrite& write) cons
   return isThere(kFindInterval, std::span(&interval, 1));
 }
 
-std::optional<bool> WidgetDAO::rowIsStored(const ActivityWrite& write) const {
+std::optional<bool> WidgetDAO::rowIsStored(const ActivityWrite& write, Moment moment) const {
   const Argument guid(write.guid);
   switch (write.kind) {
     case ActivityWrite::Kind::kSaved:
       return isThere(kFindActivity, std::span(&guid, 1));
     case ActivityWrite::Kind::kUpdated: {
       const std::array change{guid, Argument(static_cast<std::uint32_t>(write.state)),
-                              Argument(write.start)};
-      return isThere(kFindChange, change);
+                              Argument(write.start), Argument(write.updatedOn)};
+      if (moment == Moment::kAfterCommit) return isThere(kFindChangeOfThen, change);
+      return isThere(kFindChange, std::span(change).first(3));
     }
     case ActivityWrite::Kind::kRemoved: {
       const std::optional<bool> visible = isThere(kFindVisible, std::span(&guid, 1));
@@ -259,7 +266,7 @@ TransactionEnd::Outcome WidgetDAO::readAgain(const ActivityWrite& write) {
     if (!db->open()) continue;
     // By then another may have changed the row; the interval's guid is nobody else's.
     const std::optional<bool> stored =
-        write.newInterval ? intervalIsStored(write) : rowIsStored(write);
+        write.newInterval ? intervalIsStored(write) : rowIsStored(write, Moment::kAfterCommit);
     if (stored) {
       return *stored ? TransactionEnd::Outcome::kStored : TransactionEnd::Outcome::kNotStored;
     }

@@ -84,7 +84,10 @@ class WidgetDAO {
   [[nodiscard]] Rows<IntervalList> intervals(const std::optional<std::string>& activityGuid) const;
   [[nodiscard]] std::optional<bool> isThere(std::string_view sql,
                                             std::span<const Argument> arguments) const;
-  [[nodiscard]] std::optional<bool> rowIsStored(const ActivityWrite& write) const;
+  // Within the transaction a trigger of the main application's may own the time of the change;
+  // after it that time tells a change from the row that was like it before.
+  enum class Moment { kBeforeCommit, kAfterCommit };
+  [[nodiscard]] std::optional<bool> rowIsStored(const ActivityWrite& write, Moment moment) const;
   [[nodiscard]] std::optional<bool> intervalIsStored(const ActivityWrite& write) const;
   TransactionEnd::Outcome readAgain(const ActivityWrite& write);
 

@@ -40,6 +40,7 @@ class Reader {
   // All of them; a row's place in memory each.
   bool readRows(png_bytep* rows) {
     if (setjmp(png_jmpbuf(png_)) != 0) return false;  // NOLINT(cert-err52-cpp): as above
+    boundData();
     png_set_interlace_handling(png_);
     format_ == PixelFormat::kColor ? decodeColor() : decodeCoverage();
     png_read_update_info(png_, info_);
@@ -52,8 +53,18 @@ class Reader {
   static void ignore(png_structp, png_const_charp) {}
 
   static void read(png_structp png, png_bytep to, std::size_t size) {
-    const auto* const self = static_cast<Reader*>(png_get_io_ptr(png));
+    auto* const self = static_cast<Reader*>(png_get_io_ptr(png));
+    if (size > self->bytesLeft_) png_error(png, "there is more data than the picture has pixels");
+    self->bytesLeft_ -= size;
     if (!self->source_(to, size)) png_error(png, "the file ends too early");
+  }
+
+  // What the pixels take at the most when they do not compress at all. Of data without end, which
+  // stands for gigabytes, libpng would unpack everything after the last row.
+  void boundData() {
+    constexpr std::uint64_t kMostPerPixel = 8, kMostPerRow = 8, kOfChunks = 65536;
+    bytesLeft_ = std::uint64_t{height()} * (width() * kMostPerPixel + kMostPerRow) + kOfChunks;
+    bytesLeft_ += bytesLeft_ / 64;
   }
 
   // What neither the shape nor the colours need is passed over unread, however large it says it is.
@@ -94,6 +105,7 @@ class Reader {
 
   const ByteSource& source_;
   const PixelFormat format_;
+  std::uint64_t bytesLeft_ = UINT64_MAX;
   png_structp png_ = nullptr;
   png_infop info_ = nullptr;
 };

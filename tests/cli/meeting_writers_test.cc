@@ -119,6 +119,21 @@ TEST_F(MeetingWriters, AFailedReadIsNoEmptyAnswer) {
         << outcome.err;
   }
   EXPECT_EQ(rows(), before);
+
+  // A name that too few of the categories were read to find.
+  database.run(
+      "ALTER TABLE time_intervals RENAME COLUMN gone TO finish_m;"
+      "UPDATE logs SET start_date = 1699999000;"
+      "ALTER TABLE categories RENAME COLUMN order_num TO gone");
+  const std::string later = rows();
+  EXPECT_EQ(run({"pause", "Code"}).exitCode, 1);
+  database.run(
+      "ALTER TABLE categories RENAME COLUMN gone TO order_num;"
+      "CREATE INDEX o ON categories (order_num);"
+      "UPDATE categories SET order_num = 1;"
+      "INSERT INTO categories (guid, name, order_num) VALUES ('Z', zeroblob(9000000), 2)");
+  EXPECT_EQ(run({"pause", "Code"}).exitCode, 1);
+  EXPECT_EQ(rows(), later);
 }
 
 // A statement that goes well is no proof of a change.

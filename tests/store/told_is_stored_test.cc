@@ -66,12 +66,15 @@ const Call kCalls[] = {{"fcntl", reinterpret_cast<sqlite3_syscall_ptr>(failingFc
                        {"unlink", reinterpret_cast<sqlite3_syscall_ptr>(failingUnlink)},
                        {"ftruncate", reinterpret_cast<sqlite3_syscall_ptr>(failingTruncate)}};
 
-class ToldIsStored : public testing::TestWithParam<const char*> {
+// The journal mode, and whether the activity that is paused is running; a paused one looks the same
+// before and after but for the time of the change.
+class ToldIsStored : public testing::TestWithParam<std::tuple<const char*, bool>> {
  protected:
   ToldIsStored() {
     fakes.clock.monotonicTick = 0.5;  // whoever waits gives up soon
-    file.run("INSERT INTO logs (guid, start_date, state, category_guid) VALUES ('a', 50, 1, 'c');" +
-             std::string("PRAGMA journal_mode = ") + GetParam());
+    file.run("INSERT INTO logs (guid, start_date, state, category_guid) VALUES ('a', " +
+             std::string(isRunning ? "50, 1" : "NULL, 2") +
+             ", 'c'); PRAGMA journal_mode = " + mode);
     std::filesystem::copy_file(file.path, original);
   }
 
@@ -86,7 +89,8 @@ class ToldIsStored : public testing::TestWithParam<const char*> {
       for (const ActivityRef& activity : dao.findActivities()) {
         activity->state = kStatePaused;
         activity->start.reset();
-        activity->intervals->push_back(std::make_shared<WidgetInterval>());
+        activity->updatedOn = 1'700'000'000;
+        if (isRunning) activity->intervals->push_back(std::make_shared<WidgetInterval>());
         dao.update(*activity);
       }
     }
@@ -95,7 +99,7 @@ class ToldIsStored : public testing::TestWithParam<const char*> {
   }
 
   std::string contents() const {
-    return file.ask("PRAGMA integrity_check; SELECT state, start_date FROM logs") +
+    return file.ask("PRAGMA integrity_check; SELECT state, start_date, updated_on FROM logs") +
            file.ask("SELECT count(*) FROM time_intervals");
   }
 
@@ -106,6 +110,8 @@ class ToldIsStored : public testing::TestWithParam<const char*> {
     std::filesystem::copy_file(original, file.path);
   }
 
+  const std::string mode = std::get<0>(GetParam());
+  const bool isRunning = std::get<1>(GetParam());
   FakePlatform fakes;
   TestDatabase file{fakes};
   const std::filesystem::path original = file.folder / "original";
@@ -117,7 +123,7 @@ TEST_P(ToldIsStored, WhicheverCallFails) {
   std::map<Outcome, int> told;
   for (const Call& call : kCalls) {
     // A lock in shared memory that cannot be had is taken for another's, for ten seconds each time.
-    if (GetParam() == std::string("WAL") && call.name == std::string("fcntl")) continue;
+    if (mode == "WAL" && call.name == std::string("fcntl")) continue;
     for (const Fault fault : {Fault::kOnce, Fault::kForGood}) {
       for (int number = 1;; ++number) {
         SCOPED_TRACE(std::string(call.name) + " call " + std::to_string(number) +
@@ -130,18 +136,23 @@ TEST_P(ToldIsStored, WhicheverCallFails) {
         const bool isStored = contents() != before;
         ASSERT_EQ(outcome == Outcome::kStored, isStored);
         ASSERT_THAT(contents(), testing::StartsWith("ok\n"));
-        if (fault == Fault::kOnce) ASSERT_NE(outcome, Outcome::kUnknown);
+        if (fault == Fault::kOnce) {
+          ASSERT_NE(outcome, Outcome::kUnknown);
+        }
         if (!faults.reached) break;
         if (outcome) ++told[*outcome];
       }
     }
   }
-  EXPECT_GT(told[Outcome::kNotStored], 10);
-  if (GetParam() != std::string("WAL"))
-    EXPECT_GT(told[Outcome::kStored], 0);  // lock not given back
+  EXPECT_GT(told[Outcome::kNotStored], 2);
+  if (mode != "WAL") {
+    EXPECT_GT(told[Outcome::kStored], 0);  // the lock could not be given back
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(JournalModes, ToldIsStored, testing::Values("DELETE", "PERSIST", "WAL"));
+INSTANTIATE_TEST_SUITE_P(JournalModes, ToldIsStored,
+                         testing::Combine(testing::Values("DELETE", "PERSIST", "WAL"),
+                                          testing::Bool()));
 
 }  // namespace
 }  // namespace brevant::test
