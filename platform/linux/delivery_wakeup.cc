@@ -98,6 +98,14 @@ void DeliveryWakeup::watch() {
   }
 }
 
+bool DeliveryWakeup::concernsUs(const inotify_event& event, const std::string& name) const {
+  if ((event.mask & (IN_Q_OVERFLOW | IN_IGNORED)) != 0) return true;
+  return std::any_of(places_.begin(), places_.end(), [&](const Place& each) {
+    return event.wd == each.folder && (event.mask & each.changes) != 0 && !name.empty() &&
+           name == each.name;
+  });
+}
+
 // Whether any of the changes since the last call matters. Most do not: the locks beside the
 // requests are opened each time, and much else lies where the zone does.
 bool DeliveryWakeup::sawChange() {
@@ -110,11 +118,7 @@ bool DeliveryWakeup::sawChange() {
       std::memcpy(&event, buffer.data() + at, sizeof event);
       const char* const changed = buffer.data() + at + sizeof event;
       at += static_cast<ssize_t>(sizeof event + event.len);
-      matters = matters || (event.mask & (IN_Q_OVERFLOW | IN_IGNORED)) != 0 ||
-                std::any_of(places_.begin(), places_.end(), [&](const Place& each) {
-                  return event.wd == each.folder && (event.mask & each.changes) != 0 &&
-                         event.len > 0 && changed == each.name;
-                });
+      matters = matters || concernsUs(event, event.len > 0 ? changed : "");
     }
   }
   return matters;

@@ -8,6 +8,8 @@
 #include "platform/date.h"
 #include "platform/linux/descriptor.h"
 
+struct inotify_event;
+
 namespace brevant {
 
 // A file whose changes matter, there or not yet.
@@ -47,6 +49,7 @@ class DeliveryWakeup {
   };
 
   bool sawChange();
+  [[nodiscard]] bool concernsUs(const inotify_event& event, const std::string& name) const;
 
   std::vector<WatchedFile> files_;
   std::vector<Place> places_;
