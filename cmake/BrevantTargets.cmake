@@ -18,7 +18,7 @@ if(BREVANT_SANITIZE)
     -fsanitize=${BREVANT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(brevant_options INTERFACE -fsanitize=${BREVANT_SANITIZE})
 endif()
-if(BREVANT_FUZZ)
+if(BREVANT_FUZZ AND NOT DEFINED ENV{LIB_FUZZING_ENGINE})  # who brings an engine brings its flags
   target_compile_options(brevant_options INTERFACE
     -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined)
   target_link_options(brevant_options INTERFACE -fsanitize=address,undefined)

@@ -4,28 +4,11 @@
 // those that could be read.
 #include "platform/linux/notification_store.h"
 
-#include <cstdint>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <unistd.h>
+
+#include "tests/fuzz/container.h"
 
 namespace {
-
-struct StandingClock : brevant::Clock {
-  brevant::Date now() const override { return {}; }
-  double monotonicSeconds() const override { return 0; }
-};
-
-// The container of this run, gone with it.
-struct Container {
-  Container() { std::filesystem::create_directories(path / "Notifications"); }
-  ~Container() { std::filesystem::remove_all(path); }
-
-  const std::filesystem::path path =
-      std::filesystem::temp_directory_path() / ("fuzz-" + std::to_string(getpid()));
-};
 
 std::size_t pendingCount(brevant::UserNotificationCenter& center) {
   std::size_t count = 0;
@@ -37,12 +20,11 @@ std::size_t pendingCount(brevant::UserNotificationCenter& center) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const Container container;
-  static const StandingClock clock;
-  std::ofstream(container.path / "Notifications/requests.json", std::ios::binary)
-      .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+  static const brevant::fuzz::Container container;
+  static const brevant::fuzz::StandingClock clock;
+  container.write("Notifications/requests.json", data, size);
 
-  const auto center = brevant::makeNotificationStore(container.path, clock);
+  const auto center = brevant::makeNotificationStore(container.path(), clock);
   const std::size_t before = pendingCount(*center);
   std::string error;
   center->add({"remind-fuzz", {}, {}},
