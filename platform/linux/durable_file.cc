@@ -31,11 +31,9 @@ bool writeAll(int file, std::string_view contents) {
   return true;
 }
 
-// At `temporary`, to take the place of `path`. One that is there was left by somebody who was
-// killed.
+// At `temporary`, where nothing is, to take the place of `path`.
 bool writeNewFile(const std::string& temporary, std::string_view contents,
                   const std::string& path) {
-  unlink(temporary.c_str());
   constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
   Descriptor file(open(temporary.c_str(), kFlags, kOwnerOnly));
   if (!file) return false;
@@ -64,31 +62,42 @@ bool holds(const std::string& path, const std::optional<std::string>& contents) 
   return contents ? readFile(path, contents->size()) == contents : !fileExists(path);
 }
 
-enum class Swap { kDone, kOtherContents, kFailed };
+enum class Swap { kDone, kOtherContents, kFailed, kNotPutBack };
 
 bool exchange(const std::string& a, const std::string& b) {
   return renameat2(AT_FDCWD, a.c_str(), AT_FDCWD, b.c_str(), RENAME_EXCHANGE) == 0;
 }
 
+// Not every file system can exchange, and a sandbox may forbid it.
+bool cannotExchange() {
+  return errno == EINVAL || errno == ENOSYS || errno == EPERM;
+}
+
+bool isSameFile(const struct stat& a, const struct stat& b) {
+  return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size &&
+         a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+}
+
 // Puts back what came out of `path`, and so on as long as something comes out that we did not put
-// in: then it is newer than what was just put back.
-Swap putBack(const std::string& path, const std::string& temporary, std::string_view ours) {
-  constexpr int kMostTries = 3;  // what is not put back is lost
-  std::optional<std::string> placed(ours);
-  while (true) {
-    std::optional<std::string> newest = readFile(temporary, SIZE_MAX);
-    for (int failures = 0; !exchange(temporary, path);) {
-      if (++failures == kMostTries) return Swap::kFailed;
-    }
-    if (holds(temporary, placed)) return Swap::kOtherContents;
-    placed = std::move(newest);
+// in: then it is newer than what was just put back. Told apart without reading, which may be what
+// fails. Gives up after a few tries: `temporary` is then what another program saved.
+Swap putBack(const std::string& path, const std::string& temporary, const struct stat& ours) {
+  constexpr int kMostTries = 10;
+  struct stat placed = ours;
+  for (int tries = 0; tries < kMostTries; ++tries) {
+    struct stat newest {};
+    struct stat out {};
+    if (lstat(temporary.c_str(), &newest) != 0 || !exchange(temporary, path)) continue;
+    if (lstat(temporary.c_str(), &out) == 0 && isSameFile(out, placed)) return Swap::kOtherContents;
+    placed = newest;
   }
+  return Swap::kNotPutBack;
 }
 
 // Between a look at the file and its replacement somebody can always save it. So the two change
 // places, and what came out is looked at: what nobody has seen yet is put back.
 Swap swapIn(const std::string& path, const std::string& temporary,
-            const std::optional<std::string>& expected, std::string_view contents) {
+            const std::optional<std::string>& expected) {
   if (!holds(path, expected)) return Swap::kOtherContents;
   if (!expected) {
     const std::error_code error = moveWithoutReplacing(temporary, path);
@@ -96,14 +105,14 @@ Swap swapIn(const std::string& path, const std::string& temporary,
     if (!error) return Swap::kDone;
     return errno == EEXIST ? Swap::kOtherContents : Swap::kFailed;
   }
+  struct stat ours {};
+  if (lstat(temporary.c_str(), &ours) != 0) return Swap::kFailed;
   if (exchange(temporary, path)) {
-    if (!holds(temporary, expected)) return putBack(path, temporary, contents);
+    if (!holds(temporary, expected)) return putBack(path, temporary, ours);
     unlink(temporary.c_str());
     return Swap::kDone;
   }
-  // Not every file system can do that.
-  const bool replaces =
-      (errno == EINVAL || errno == ENOSYS) && rename(temporary.c_str(), path.c_str()) == 0;
+  const bool replaces = cannotExchange() && rename(temporary.c_str(), path.c_str()) == 0;
   return replaces ? Swap::kDone : Swap::kFailed;
 }
 
@@ -117,13 +126,22 @@ bool giveName(const Descriptor& file, const std::string& path) {
   return linkat(AT_FDCWD, nameless.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
 }
 
+// What somebody left who was killed may be what another program had saved. A folder stays in the
+// way.
+void keepLeftover(const std::string& from, const std::string& to) {
+  std::error_code error;
+  const auto status = std::filesystem::symlink_status(from, error);
+  if (!std::filesystem::is_directory(status)) rename(from.c_str(), to.c_str());
+}
+
 // One temporary name for all of a folder, so that what a kill leaves is used up by the next.
 SaveOutcome makeFileByRenaming(const std::string& path, std::string_view contents) {
   const std::string temporary = folderOf(path) + "/.saving";
   const FileLock lock(temporary + ".lock");
   if (!lock.held()) return notSaved(lock.problem());
+  unlink(temporary.c_str());
   if (!writeNewFile(temporary, contents, path) ||
-      swapIn(path, temporary, std::nullopt, contents) != Swap::kDone) {
+      swapIn(path, temporary, std::nullopt) != Swap::kDone) {
     std::string why = problem(path);
     unlink(temporary.c_str());
     return notSaved(std::move(why));
@@ -166,11 +184,16 @@ std::optional<SaveOutcome> replaceFile(const std::string& path,
                                        const std::optional<std::string>& expected,
                                        std::string_view contents) {
   const std::string temporary = path + ".new";
+  keepLeftover(temporary, path + ".left");
   const bool written = writeNewFile(temporary, contents, path);
-  const Swap swap = written ? swapIn(path, temporary, expected, contents) : Swap::kFailed;
+  const bool isOurs = written || errno != EEXIST;
+  const Swap swap = written ? swapIn(path, temporary, expected) : Swap::kFailed;
   if (swap == Swap::kDone) return flushed(path);
   std::string why = problem(written ? path : temporary);
-  unlink(temporary.c_str());
+  if (swap == Swap::kNotPutBack) {
+    return notSaved(why + "; what another program saved meanwhile is at " + temporary);
+  }
+  if (isOurs) unlink(temporary.c_str());
   if (swap == Swap::kOtherContents) return std::nullopt;
   return notSaved(std::move(why));
 }
@@ -182,13 +205,14 @@ SaveOutcome makeFile(const std::string& path, std::string_view contents) {
   if (writeAll(file.number(), contents) && fsync(file.number()) == 0 && giveName(file, path)) {
     return flushed(path);
   }
-  return notSaved(problem(path));
+  // Where /proc is not mounted nothing without a name can be given one.
+  return errno == ENOENT ? makeFileByRenaming(path, contents) : notSaved(problem(path));
 }
 
 std::error_code moveWithoutReplacing(const std::string& from, const std::string& to) {
   constexpr int kHere = AT_FDCWD;
   bool moved = renameat2(kHere, from.c_str(), kHere, to.c_str(), RENAME_NOREPLACE) == 0;
-  if (!moved && (errno == EINVAL || errno == ENOSYS)) {  // not every file system can do that
+  if (!moved && cannotExchange()) {
     moved = link(from.c_str(), to.c_str()) == 0;
     if (moved) unlink(from.c_str());
   }

@@ -27,7 +27,9 @@ std::string linkTarget(const std::string& path);
 // Replaces a file that has the contents `expected` (absent: that is not there) so that whatever
 // happens it is as before or as after. Absent when it has others by now: somebody who knows nothing
 // of our lock saved it meanwhile, and nothing is changed. Keeps owner, group and permissions. Its
-// caller holds the lock of the file. What is not saved leaves nothing new behind.
+// caller holds the lock of the file. What is not saved leaves nothing new behind, except where what
+// another program saved could not be put back: that is at "PATH.new" then, as the outcome says.
+// What lies there before is kept as "PATH.left".
 [[nodiscard]] std::optional<SaveOutcome> replaceFile(const std::string& path,
                                                      const std::optional<std::string>& expected,
                                                      std::string_view contents);

@@ -2,8 +2,8 @@
 #include "platform/linux/shared_settings.h"
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
-#include <thread>
 
 #include "platform/linux/durable_file.h"
 #include "platform/linux/file_lock.h"
@@ -168,30 +168,59 @@ TEST_F(SharedSettingsTest, LosesNothingWhenTwoProcessesWrite) {
   EXPECT_EQ(parsePropertyList(folder.read(kPlist))->size(), 14);
 }
 
-// The tracker replaces its settings and has never heard of our lock. For a moment a reader may
-// still see what was there before.
+// The tracker replaces its settings and has never heard of our lock.
 TEST_F(SharedSettingsTest, KeepsWhatIsSavedWithoutTheLockMeanwhile) {
   const std::string path = folder.write(kPlist, testData("settings_xml.plist"));
-  const auto pause = [](int ms) { std::this_thread::sleep_for(std::chrono::milliseconds(ms)); };
-  EXPECT_TRUE(test::runTogether(2, [&](int process) {
-    const auto settings = open();
-    for (int round = 0; process == 0 && !std::filesystem::exists(folder.path / "end"); ++round) {
-      settings->setBool(round % 2 == 0, kFlag);
-      if (!settings->synchronize().isSaved()) _exit(1);
-    }
-    for (int round = 0; process == 1 && round < 420; ++round) {
-      const bool value = round % 2 == 0;
-      folder.write("theirs", *mergedPropertyList(folder.read(kPlist), {{"theirs", value}}));
-      std::filesystem::rename(folder.path / "theirs", path);
-      const auto isThere = [&] {
-        return parsePropertyList(folder.read(kPlist))->at("theirs") == PropertyValue{value};
-      };
-      pause(1);
-      const bool isLost = !isThere() && (pause(50), !isThere());
-      if (isLost || round == 419) folder.write("end", "");
-      if (isLost) _exit(1);
-    }
-  }));
+  const auto save = [&](bool value) {
+    const std::string theirs =
+        folder.write("theirs", *mergedPropertyList(folder.read(kPlist), {{"theirs", value}}));
+    std::filesystem::rename(theirs, path);
+  };
+  const auto settings = open();
+  settings->setBool(true, kFlag);
+  {
+    const test::AtExchange hook([&](int call) {
+      if (call <= 2) save(call == 2);  // before ours comes, and before theirs is put back
+      return 0;
+    });
+    EXPECT_EQ(settings->synchronize(), SaveOutcome());
+  }
+  EXPECT_TRUE(settings->boolean("theirs") && settings->boolean(kFlag));
+  settings->setBool(false, kFlag);
+  {
+    const test::AtExchange hook([&](int call) {
+      if (call == 1) save(false);
+      return call == 1 ? 0 : EIO;
+    });
+    EXPECT_THAT(settings->synchronize().why, HasSubstr(path + ".new"));
+  }
+  const std::string theirs = folder.read(kPlist + ".new");
+  EXPECT_EQ(parsePropertyList(theirs)->at("theirs"), PropertyValue{false});
+  const test::AtExchange forbidden([](int) { return EPERM; });
+  EXPECT_EQ(settings->synchronize(), SaveOutcome());
+  EXPECT_EQ(folder.read(kPlist + ".left"), theirs);
+}
+
+TEST_F(SharedSettingsTest, PutsBackWhatCannotBeReadAnyMore) {
+  folder.write(kPlist, testData("settings_xml.plist"));
+  const auto settings = open();
+  settings->setBool(true, kFlag);
+  rlimit before{};
+  getrlimit(RLIMIT_NOFILE, &before);
+  int exchanges = 0;
+  {
+    const test::AtExchange hook([&](int call) {
+      exchanges = call;
+      const rlimit none{0, before.rlim_max};
+      setrlimit(RLIMIT_NOFILE, call < 100 ? &none : &before);
+      return 0;
+    });
+    EXPECT_THAT(settings->synchronize().why, HasSubstr("cannot be read"));
+  }
+  setrlimit(RLIMIT_NOFILE, &before);
+  EXPECT_EQ(exchanges, 2);
+  EXPECT_EQ(folder.read(kPlist), testData("settings_xml.plist"));
+  EXPECT_FALSE(fileExists(folder.path / (kPlist + ".new")));
 }
 
 TEST_F(SharedSettingsTest, SaysWhyNothingIsSavedAndWhatIsSavedButPerhapsNotForEver) {
