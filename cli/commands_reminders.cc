@@ -10,6 +10,7 @@
 #include "cli/words.h"
 #include "manager/notify_settings.h"
 #include "manager/widget_manager.h"
+#include "platform/shared_settings.h"
 
 namespace brevant {
 namespace {
@@ -77,7 +78,8 @@ ExitCode told(Context& context, const SaveOutcome& outcome, const char* nothing)
 ExitCode schedule(Context& context) {
   context.warnIfNoDatabase();
   const auto manager = context.openManager();
-  if (!manager->notifySettings().enabled) {
+  const bool enabled = manager->notifySettings().enabled;
+  if (!enabled && context.platform.settings.problem().empty()) {
     if (!context.options.json) context.printLine(tr("Reminders are off; nothing was scheduled"));
     return context.done();
   }

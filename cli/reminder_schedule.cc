@@ -9,6 +9,7 @@
 #include "platform/clock.h"
 #include "platform/log.h"
 #include "platform/notifications.h"
+#include "platform/shared_settings.h"
 
 namespace brevant {
 namespace {
@@ -33,7 +34,7 @@ Seconds ReminderSchedule::keep() {
   return std::max(until_ - now, kAtLeast);
 }
 
-// Absent when the database could not be read.
+// Absent when the database or the settings could not be read.
 std::optional<ReminderSchedule::Basis> ReminderSchedule::basis() const {
   bool failed = false;
   const auto manager = WidgetManager::open(platform_, [&failed](const StoreEvent& event) {
@@ -44,6 +45,7 @@ std::optional<ReminderSchedule::Basis> ReminderSchedule::basis() const {
   for (const ActivityRef& each : manager->findRunningActivities()) {
     result.running.push_back(each->guid.value_or(""));
   }
+  failed = failed || !platform_.settings.problem().empty();
   return failed ? std::nullopt : std::optional(std::move(result));
 }
 

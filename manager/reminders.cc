@@ -2,6 +2,7 @@
 
 // "What are you doing now?": when to ask, and the notifications that do.
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "manager/notify_settings.h"
@@ -87,10 +88,16 @@ std::vector<Date> WidgetManager::notifyHours() const {
 }
 
 void WidgetManager::scheduleRemindMeNotifications(ReminderCompletion done) {
-  if (!notifySettings().enabled) return heard(done)({});
-  const auto replace = [platform = platform_, path = path_,
+  const bool enabled = notifySettings().enabled;
+  if (std::string why = platform_.settings.problem(); !why.empty()) {
+    return heard(done)(notSaved(std::move(why)));
+  }
+  if (!enabled) return heard(done)({});
+  const auto unread = std::make_shared<bool>(false);
+  const auto replace = [platform = platform_, path = path_, unread,
                         listener = listener_](const std::vector<NotificationRequest>& pending) {
-    bool failed = false;
+    bool& failed = *unread;
+    failed = false;  // when called anew
     const auto listen = [&](const StoreEvent& event) {
       failed = failed || std::holds_alternative<StatementFailure>(event);
       if (listener) listener(event);
@@ -102,7 +109,10 @@ void WidgetManager::scheduleRemindMeNotifications(ReminderCompletion done) {
     center.removePendingRequests(identifiersOf(pending, isScheduledReminder));
     for (const NotificationRequest& each : reminders) center.add(each, [](const auto&) {});
   };
-  platform_.notifications.pendingRequests(replace, heard(done));
+  const auto tell = [unread, done = heard(std::move(done))](const SaveOutcome& outcome) {
+    done(*unread ? notSaved("the database could not be read") : outcome);
+  };
+  platform_.notifications.pendingRequests(replace, tell);
 }
 
 std::vector<NotificationRequest> WidgetManager::reminders() const {

@@ -51,7 +51,9 @@ class UserNotificationCenter {
   // Calls the handler with the requests in the order they were added. All that it removes and adds
   // is one change, stored when it returns, wholly or not at all. Where others change the requests
   // meanwhile it is called anew with what is pending then, and what it did before is forgotten. It
-  // is not called when the requests cannot be read. `done` hears what became of it all.
+  // is not called when the requests cannot be read. `done` hears what became of it all. Completions
+  // of what a handler starts are kept until the outermost handler's change is stored, and hear of
+  // that.
   virtual void pendingRequests(Handler handler, Completion done) = 0;
 
   virtual void removePendingRequests(const std::vector<std::string>& identifiers) = 0;

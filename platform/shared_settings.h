@@ -20,6 +20,9 @@ class SharedSettings {
   // Null when nothing is stored, or when the store cannot be read. The value is a snapshot.
   virtual std::shared_ptr<const PropertyValue> object(const std::string& key) const = 0;
 
+  // Why what is stored could not be read, so that every key reads as absent; empty otherwise.
+  virtual std::string problem() const = 0;
+
   // Absent keys read as false and 0.
   virtual bool boolean(const std::string& key) const = 0;
   virtual std::int64_t integer(const std::string& key) const = 0;

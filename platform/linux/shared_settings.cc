@@ -6,6 +6,7 @@
 #include <mutex>
 #include <utility>
 
+#include "platform/linux/durable_file.h"
 #include "platform/linux/property_list.h"
 #include "platform/linux/shared_document.h"
 
@@ -29,6 +30,12 @@ class SettingsFile : public SharedSettings {
     const std::lock_guard lock(mutex_);
     const PropertyValue* const value = find(key);
     return value ? std::shared_ptr<const PropertyValue>(values_, value) : nullptr;
+  }
+
+  std::string problem() const override {
+    const std::lock_guard lock(mutex_);
+    refresh();
+    return problem_;
   }
 
   bool boolean(const std::string& key) const override {
@@ -64,12 +71,16 @@ class SettingsFile : public SharedSettings {
   }
 
  private:
+  void refresh() const {
+    const double now = clock_.monotonicSeconds();
+    if (now - readAt_ < kCurrentFor) return;
+    read();
+    readAt_ = now;
+    lastFound_ = nullptr;
+  }
+
   const PropertyValue* find(const std::string& key) const {
-    if (const double now = clock_.monotonicSeconds(); now - readAt_ >= kCurrentFor) {
-      read();
-      readAt_ = now;
-      lastFound_ = nullptr;
-    }
+    refresh();
     if (lastFound_ != nullptr && lastFound_->first == key) return &lastFound_->second;
     const auto found = values_->find(key);
     if (found == values_->end()) return nullptr;
@@ -79,9 +90,14 @@ class SettingsFile : public SharedSettings {
 
   // Compares the whole file rather than its times, which two quick writes can share; it is small.
   void read() const {
-    std::string stored = file_.read().value_or("");
-    if (stored == stored_ && unsaved_ == overlaid_) return;
-    PropertyDictionary values = parsePropertyList(stored).value_or(PropertyDictionary());
+    const std::optional<std::string> found = file_.read();
+    std::string stored = found.value_or("");
+    if (!stored.empty() && stored == stored_ && unsaved_ == overlaid_) return;
+    std::optional<PropertyDictionary> parsed = parsePropertyList(stored);
+    problem_.clear();
+    if (found && !parsed) problem_ = file_.path() + ": is no property list";
+    if (!found && fileExists(file_.path())) problem_ = file_.whyUnreadable();
+    PropertyDictionary values = std::move(parsed).value_or(PropertyDictionary());
     for (const auto& [key, value] : unsaved_) values[key] = {value};
     values_ = std::make_shared<const PropertyDictionary>(std::move(values));
     stored_ = std::move(stored);
@@ -104,6 +120,7 @@ class SettingsFile : public SharedSettings {
 
   mutable std::mutex mutex_;  // guards everything below
   mutable double readAt_ = kNever;
+  mutable std::string problem_;
   mutable std::string stored_;  // the bytes that `values_` was made of
   mutable std::shared_ptr<const PropertyDictionary> values_ =
       std::make_shared<const PropertyDictionary>();

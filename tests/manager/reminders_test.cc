@@ -232,7 +232,9 @@ TEST_F(Reminders, StayWhenWhatRunsCannotBeRead) {
         "INSERT OR REPLACE INTO logs (guid, state, start_date, category_guid) VALUES ('A', 1, 100, "
         "'C')");
     database.run("ALTER TABLE " + std::string(table) + " RENAME TO hidden");
-    manager.scheduleRemindMeNotifications();
+    SaveOutcome outcome;
+    manager.scheduleRemindMeNotifications([&](const SaveOutcome& heard) { outcome = heard; });
+    EXPECT_FALSE(outcome.isSaved()) << table;
     EXPECT_THAT(fakes.notifications.pending, SizeIs(4)) << table;
     EXPECT_EQ(fakes.notifications.pending.at(0).identifier, "remind-old");
     database.run("ALTER TABLE hidden RENAME TO " + std::string(table));

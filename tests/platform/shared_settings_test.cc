@@ -127,6 +127,7 @@ TEST_F(SharedSettingsTest, NeverOverwritesABrokenFile) {
     const auto settings = open();
     EXPECT_EQ(settings->integer("activityMinDuration"), 0);
     settings->setBool(true, kFlag);
+    EXPECT_THAT(settings->problem(), HasSubstr(kPlist));
     EXPECT_THAT(settings->synchronize().why, HasSubstr(path));
     EXPECT_EQ(folder.read(kPlist), contents);
     EXPECT_THAT(log.lines, ElementsAre(HasSubstr(path)));

@@ -69,6 +69,7 @@ struct FakeSettings : SharedSettings {
   std::shared_ptr<const PropertyValue> object(const std::string& key) const override;
   bool boolean(const std::string& key) const override;
   std::int64_t integer(const std::string& key) const override;
+  std::string problem() const override { return ""; }
   void setBool(bool value, const std::string& key) override;
   SaveOutcome synchronize() override;
 
