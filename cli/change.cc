@@ -53,10 +53,10 @@ ChangeResult changeLocked(WidgetManager& manager, Change change, const Pick& pic
   return changed;
 }
 
-std::optional<std::string> nameOf(const WidgetManager& manager,
-                                  const std::optional<std::string>& categoryGuid) {
-  const TypeRef type = categoryGuid ? manager.findById(*categoryGuid) : nullptr;
-  return type ? type->name : std::nullopt;
+void addCategory(const WidgetManager& manager, Changed& changed) {
+  const TypeRef type = changed.categoryGuid ? manager.findById(*changed.categoryGuid) : nullptr;
+  changed.hasCategory = type != nullptr;
+  if (type) changed.name = type->name;
 }
 
 bool wasRemoved(const StoreReport& store) {
@@ -76,7 +76,7 @@ ChangeResult changeActivity(Context& context, Change change, const Pick& pick) {
   if (const auto trouble = troubleWithChange(context)) return NotChanged{*trouble};
   if (auto* changed = std::get_if<Changed>(&result)) {
     changed->removed = wasRemoved(context.store);
-    changed->name = nameOf(*manager, changed->categoryGuid);
+    addCategory(*manager, *changed);
   }
   return result;
 }

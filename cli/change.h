@@ -21,7 +21,8 @@ enum class Change { kStop, kPause, kResume };
 struct Changed {
   std::string guid;
   std::optional<std::string> categoryGuid;
-  std::optional<std::string> name;  // of the category
+  bool hasCategory = false;         // one that is there
+  std::optional<std::string> name;  // of it
   bool removed = false;             // the activity was too short to be kept
   std::uint64_t total = 0;          // whole seconds of its stored stretches
 };

@@ -148,7 +148,10 @@ Picked pick(const Context& context, WidgetManager& manager, const ActivityList& 
 
 void tell(Context& context, const Wording& wording, const Changed& changed) {
   if (context.options.json) return context.print(guidJson(changed.guid));
-  const std::string name = nameText(changed.name);
+  StatusItem item;
+  item.hasCategory = changed.hasCategory;
+  item.name = changed.name;
+  const std::string name = nameText(item);
   if (changed.removed) {
     context.printLine(tr("Removed %1: it was too short to be kept", name));
   } else {
