@@ -18,7 +18,7 @@ inline constexpr qsizetype kLongestText = 1000, kMostLetters = 10'000;
 
 // Of all pictures of a tree together: an icon may have 16 million, which take 64 MB until it is
 // scaled down.
-inline constexpr qint64 kMostPixels = 4096 * 4096;
+inline constexpr qint64 kMostPixels = qint64{4096} * 4096;
 inline constexpr int kPictureMegabytes = 64;
 
 // A picture that is kept or drawn: the largest of ours has 170 points, with three pixels each. A

@@ -119,6 +119,7 @@ std::vector<NotificationRequest> WidgetManager::reminders() const {
   const std::vector<Date> dates = notifyHours();
   const NotificationContent content = reminderContent();
   std::vector<NotificationRequest> requests;
+  requests.reserve(dates.size());
   for (const Date date : dates) {
     requests.push_back({kIdentifierMark + generateGUID(), content,
                         CalendarTrigger{platform_.calendar.components(date), false, date}});
@@ -149,7 +150,7 @@ void WidgetManager::cancelRemindMeNotifications(ReminderCompletion done) {
   const auto remove = [&center](const std::vector<NotificationRequest>& pending) {
     center.removePendingRequests(identifiersOf(pending, isReminderByType));
   };
-  center.pendingRequests(remove, heard(done));
+  center.pendingRequests(remove, heard(std::move(done)));
 }
 
 DateComponents WidgetManager::weekdayTimeComponentsForDate(Date date) const {

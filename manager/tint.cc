@@ -77,7 +77,7 @@ std::vector<std::uint8_t> tinted(const std::vector<std::uint8_t>& source, Fill f
 
 // Every coverage in that colour.
 Silhouette::Palette paletteOf(Fill fill) {
-  std::array<std::uint8_t, 4 * 256> coverages{};
+  std::array<std::uint8_t, std::size_t{4} * 256> coverages{};
   for (std::size_t i = 0; i < 256; ++i) coverages[4 * i + 3] = static_cast<std::uint8_t>(i);
   Silhouette::Palette palette{};
   tint(coverages.data(), palette.size(), fill, palette.front().data());
