@@ -41,11 +41,11 @@ std::optional<ReminderSchedule::Basis> ReminderSchedule::basis() const {
     failed = failed || std::holds_alternative<StatementFailure>(event);
   });
   const NotifySettings settings = manager->notifySettings();
+  failed = failed || !platform_.settings.problem().empty();  // of that very read
   Basis result{settings.enabled, settings.dictionary(), {}, manager->reminderContent().body};
   for (const ActivityRef& each : manager->findRunningActivities()) {
     result.running.push_back(each->guid.value_or(""));
   }
-  failed = failed || !platform_.settings.problem().empty();
   return failed ? std::nullopt : std::optional(std::move(result));
 }
 
