@@ -69,7 +69,8 @@ inject() { # CALL FAULT N
     elif [ "$code" = 1 ] && [ "$after" = "$done" ]; then
         loss "told as not done, stored" "$@"
     fi
-    ls "$BREVANT_CONTAINER/Library/Preferences/"*.new >/dev/null 2>&1 && [ "$2" != KILL ] &&
+    # What cannot be removed stays, of course.
+    [[ "$1 $2" =~ ^unlink|KILL$ ]] || ! ls "$BREVANT_CONTAINER/Library/Preferences/"*.new >/dev/null 2>&1 ||
         loss "a file left behind" "$@"
     return 0
 }
