@@ -59,6 +59,10 @@ void addCategory(const WidgetManager& manager, Changed& changed) {
   if (type) changed.name = type->name;
 }
 
+NotChanged notTaken() {
+  return {nothingChanged(tr("the database did not take it"))};
+}
+
 bool wasRemoved(const StoreReport& store) {
   return store.end() && store.end()->writes.back().kind == Kind::kRemoved;
 }
@@ -71,7 +75,7 @@ ChangeResult changeActivity(Context& context, Change change, const Pick& pick) {
   }
   context.store.forget();
   const auto manager = context.openManager();
-  ChangeResult result = NotChanged{};
+  ChangeResult result = notTaken();  // where the file went between looking and opening
   manager->inOneTransaction([&] { result = changeLocked(*manager, change, pick); });
   if (const auto trouble = troubleWithChange(context)) return NotChanged{*trouble};
   if (auto* changed = std::get_if<Changed>(&result)) {
@@ -106,7 +110,7 @@ StartResult startActivity(Context& context, const Choose& choose) {
   }
   context.store.forget();
   const auto manager = context.openManager();
-  std::variant<std::string, NotChanged> category = NotChanged{};
+  std::variant<std::string, NotChanged> category = notTaken();
   manager->inOneTransaction([&] {
     category = choose(*manager);
     if (context.store.failure()) return;
